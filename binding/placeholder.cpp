@@ -1,0 +1,1 @@
+// The data-binding classes are built here.

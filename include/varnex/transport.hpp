@@ -1,0 +1,152 @@
+// Transport: one transport document in memory, addressed through integer handles.
+//
+// A Transport holds a tree of components and collections with named properties, free
+// attributes, XML attachments, prototypes, and lookup lists (domains) with links from property
+// names to domains. It records what is new, modified or deleted, keeps the earlier value of every
+// changed property, gives the document out whole or reduced to its changes, merges received
+// documents, copies values back from a returned one, and clears the marks after an exchange.
+//
+// Every failure is thrown as varnex::AutomationError. The description starts with the name of
+// the operation that failed ("AddComponent: Invalid Handle"); where an operation deviates from
+// that rule its comment says so.
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include <pugixml.hpp>
+
+#include "varnex/dictionary.hpp"
+#include "varnex/types.hpp"
+
+namespace varnex {
+
+class Transport {
+ public:
+  // A new object holds an empty document: root "TALVEN" with empty "DOMAIN" and
+  // "PROPERTY_DOMAINS" sections.
+  Transport();
+  ~Transport();
+  Transport(Transport&&) noexcept;
+  Transport& operator=(Transport&&) noexcept;
+  Transport(const Transport&) = delete;
+  Transport& operator=(const Transport&) = delete;
+
+  // --- The document -------------------------------------------------------------------------
+
+  // The whole document as text. Failures: "GetTransportDoc: ...".
+  std::string TransportDoc();
+  // Discards everything, takes the root name from the text and loads its contents.
+  // Failures: "GetTransportDoc: ..." (sic); text that does not parse leaves an empty "TALVEN".
+  void TransportDoc(const std::string& text);
+  // The name of the root element.
+  std::string RootName() const;
+  // Stores the name and rebuilds an empty document: every handle is gone.
+  // Failures: "LetRootName: ...".
+  void RootName(const std::string& name);
+
+  // --- Components and collections -----------------------------------------------------------
+
+  // Adds a component under lngParent (0: the root) and returns its new handle.
+  Long AddComponent(Long lngParent, const std::string& strName, enComponentStatus csStatus = csNormal);
+  // Adds a collection under lngParent (0: the root) and returns its new handle.
+  Long AddCollection(Long lngParent, const std::string& strCollectionName);
+  // Name, status and type of a handle; returns 1.
+  Long GetComponent(Long lngHandle, std::string& strName, enComponentStatus& csStatus, enComponentType& ctType);
+  // The lngChild-th child (1-based: live children, then deleted ones) of lngParent.
+  // A position beyond the children answers handle 0 with the root's name, without error.
+  Long GetCompChild(Long lngParent, Long lngChild, std::string& strName, enComponentStatus& csStatus,
+                    enComponentType& ctType, Boolean boolIgnoreDeletes = vbFalse);
+  // Number of children; only exactly True (-1) leaves out the deleted ones. Unknown handles: 0.
+  Long CountCompChildren(Long lngComp, Boolean boolIgnoreDeletes = vbFalse);
+  // Handle of the first child named strChildName (any case), 0 if none.
+  Long FindChildCompByName(Long lngParent, const std::string& strChildName);
+  // The component's wrapper under a copy of the root, with the domain sections.
+  // Failures: 0x80040201 "Error retrieving component xml." (no prefix).
+  std::string GetComponentXML(Long lngHandle);
+  // Name of the collection that directly holds the component, or "".
+  // Failures: "ChiildOfCollection: ..." (sic), no "Invalid Handle" translation.
+  std::string ChildOfCollection(Long lngHandle);
+  // Status of the component.
+  enComponentStatus GetComponentStatus(Long lngHandle);
+  // Removes the component's mark and its properties' marks and earlier values.
+  // An unknown handle fails with the plain error 424, no prefix.
+  void RemoveComponentStatus(Long lngHandle);
+
+  // --- Properties ---------------------------------------------------------------------------
+
+  Long AddCompProperty(Long lngComponent, const std::string& strPropName, const std::string& strPropVal,
+                       enComponentStatus enStatus = csNormal, const std::string& strPropOriginal = "");
+  // Never fails: unknown handles and any error answer 0.
+  Long CountCompProperties(Long lngParent);
+  Long FindCompPropertyByName(Long lngParent, const std::string& strProperty);
+  // Returns the property's name; value, status and earlier value through the out parameters.
+  std::string GetCompProperty(Long lngComp, Long lngProperty, std::string& strValue,
+                              enComponentStatus& status, std::string& strOriginal);
+  // The property's status; -1 for a position holding a node without a name, csNormal for an
+  // empty value.
+  enComponentStatus GetCompPropStatus(Long lngHandle, Long lngProperty);
+  // Changes a value and records the change. False for a deleted component.
+  Boolean ModifyCompProperty(Long lngHandle, Long lngProperty, const std::string& strValue);
+
+  // --- Attributes, attachments, prototypes --------------------------------------------------
+
+  std::string GetCompAttribute(Long lngHandle, const std::string& strAttributeName);
+  Boolean AddCompAttribute(Long lngHandle, const std::string& strAttributeName, const std::string& strAttributeValue);
+  Boolean AddCompAttachment(Long lngHandle, const std::string& strXml, Boolean blnPersist = vbFalse);
+  std::string GetCompAttachment(Long lngHandle, const std::string& strName);
+  Boolean AddCompPrototypeProperty(Long lngHandle, const std::string& strPropertyName, const std::string& strValue = "");
+  // Prototype property name -> default value, in document order (binary compare).
+  Dictionary GetCompPrototypeProperties(Long lngHandle);
+
+  // --- Change tracking and exchange ---------------------------------------------------------
+
+  // Clears the marks of the subtree of handle 1 after an exchange; returns 0.
+  Long ResetStatus();
+  // Marks the component and its subtree "DELETED", or cuts it out when it is new or when
+  // boolForgetServer is True.
+  Boolean DeleteComponent(Long lngHandle, Boolean boolForgetServer = vbFalse);
+  // The document as text: whole (tmFull), reduced to the changes (tmShort), or every component
+  // without the domain sections (tmMedium). Any other mode gives "".
+  std::string GenerateTransportDoc(enTransportMode tmMode);
+  // Reduces the subtree of nNode to what must travel; boolKill tells whether nNode may go.
+  void TrimDocument(pugi::xml_document& docShort, pugi::xml_node& nNode, Boolean& boolKill);
+  // The milder reduction: strips prototypes and explicitly non-persistent attachments only.
+  void TrimDocument2(pugi::xml_document& docShort, pugi::xml_node& nNode, Boolean& boolKill);
+  // Adds the components, links and domains of a received document under lngParent; returns 1.
+  Long MergeDocument(const std::string& strDoc, Long lngParent);
+  // Copies property values from a returned document, by position; returns 1.
+  Long UpdateDocument(const std::string& strDoc);
+
+  // --- Domains ------------------------------------------------------------------------------
+
+  Long AddDomain(const std::string& strName, const std::string& strCode = "", const std::string& strDesc = "");
+  Long CountDomains();
+  Boolean DicKeyExists(const Dictionary* dic, const std::string& value);
+  Long AddDomainItem(Long lngDomain);
+  Long CountDomItems(Long lngDomain);
+  Long AddDomainProperty(Long lngDomain, Long lngItem, const std::string& strName, const std::string& strValue);
+  Boolean DomainExists(const std::string& strName);
+  Long CountDomItemProperties(Long lngDomain, Long lngItem);
+  Long FindDomainByName(const std::string& strName);
+  std::string GetDomain(Long lngDomain, std::string& strCode, std::string& strDesc);
+  std::string GetDomItemProperty(Long lngDomain, Long lngItem, Long lngProp, std::string& strVal);
+  Long FindDomItemPropByName(Long lngDomain, Long lngItem, const std::string& strName);
+
+  // --- Property-domain links ----------------------------------------------------------------
+
+  Long AddPropDomain(const std::string& strProp, const std::string& strDomain);
+  Long CountPropDomains();
+  Long FindPropDomainByPropName(const std::string& strProperty);
+  // No prefix on failure: an unknown link handle reaches the caller as the plain error.
+  std::string GetPropDomain(Long lngPropDomain, std::string& strDomain);
+
+  // The object's internals, for the library's own units.
+  class Impl;
+  Impl& impl() { return *impl_; }
+
+ private:
+  std::unique_ptr<Impl> impl_;
+};
+
+}  // namespace varnex

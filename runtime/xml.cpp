@@ -1,0 +1,232 @@
+// The XML layer: loading rules, name checks, text, serialisation and XPath.
+#include "runtime/xml.hpp"
+
+#include <cstring>
+#include <vector>
+
+#include "runtime/text.hpp"
+#include "varnex/automation_error.hpp"
+
+namespace varnex::xml {
+namespace {
+
+constexpr unsigned kParseFlags = pugi::parse_default | pugi::parse_declaration | pugi::parse_doctype |
+                                 pugi::parse_pi | pugi::parse_comments;
+
+bool IsWhiteSpace(const char* text) {
+  for (; *text; ++text) {
+    if (*text != ' ' && *text != '\t' && *text != '\r' && *text != '\n') return false;
+  }
+  return true;
+}
+
+// Drops the white-space-only text nodes that lie outside every xml:space="preserve" scope. The
+// walk is iterative so that deep documents cannot exhaust the stack.
+void DropInsignificantWhiteSpace(pugi::xml_document& document) {
+  struct Frame {
+    pugi::xml_node node;
+    bool preserve;
+  };
+  std::vector<Frame> stack{{document, false}};
+  std::vector<pugi::xml_node> doomed;
+  while (!stack.empty()) {
+    const Frame frame = stack.back();
+    stack.pop_back();
+    for (pugi::xml_node child = frame.node.first_child(); child; child = child.next_sibling()) {
+      if (child.type() == pugi::node_pcdata) {
+        if (!frame.preserve && IsWhiteSpace(child.value())) doomed.push_back(child);
+      } else if (child.type() == pugi::node_element) {
+        bool preserve = frame.preserve;
+        if (pugi::xml_attribute space = child.attribute("xml:space")) {
+          preserve = std::strcmp(space.value(), "preserve") == 0;
+        }
+        if (child.first_child()) stack.push_back({child, preserve});
+      }
+    }
+  }
+  for (pugi::xml_node node : doomed) node.parent().remove_child(node);
+}
+
+std::size_t CountElementChildren(const pugi::xml_node& node) {
+  std::size_t count = 0;
+  for (pugi::xml_node child = node.first_child(); child; child = child.next_sibling()) {
+    if (child.type() == pugi::node_element) ++count;
+  }
+  return count;
+}
+
+// Decodes one UTF-8 sequence at `pos`; answers 0xFFFFFFFF for a malformed one.
+char32_t DecodeUtf8(std::string_view text, std::size_t& pos) {
+  const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(text[i]); };
+  const unsigned char lead = byte(pos);
+  std::size_t length = lead < 0x80 ? 1 : (lead >> 5) == 0x6 ? 2 : (lead >> 4) == 0xE ? 3 : (lead >> 3) == 0x1E ? 4 : 0;
+  if (length == 0 || pos + length > text.size()) {
+    ++pos;
+    return 0xFFFFFFFF;
+  }
+  char32_t code = length == 1 ? lead : lead & (0x7F >> length);
+  for (std::size_t i = 1; i < length; ++i) {
+    if ((byte(pos + i) & 0xC0) != 0x80) {
+      ++pos;
+      return 0xFFFFFFFF;
+    }
+    code = (code << 6) | (byte(pos + i) & 0x3F);
+  }
+  pos += length;
+  return code;
+}
+
+bool IsNameStartChar(char32_t c) {
+  return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '_' || c == ':' ||
+         (c >= 0xC0 && c <= 0xD6) || (c >= 0xD8 && c <= 0xF6) || (c >= 0xF8 && c <= 0x2FF) ||
+         (c >= 0x370 && c <= 0x37D) || (c >= 0x37F && c <= 0x1FFF) || (c >= 0x200C && c <= 0x200D) ||
+         (c >= 0x2070 && c <= 0x218F) || (c >= 0x2C00 && c <= 0x2FEF) || (c >= 0x3001 && c <= 0xD7FF) ||
+         (c >= 0xF900 && c <= 0xFDCF) || (c >= 0xFDF0 && c <= 0xFFFD) || (c >= 0x10000 && c <= 0xEFFFF);
+}
+
+bool IsNameChar(char32_t c) {
+  return IsNameStartChar(c) || c == '-' || c == '.' || (c >= '0' && c <= '9') || c == 0xB7 ||
+         (c >= 0x300 && c <= 0x36F) || (c >= 0x203F && c <= 0x2040);
+}
+
+struct StringWriter : pugi::xml_writer {
+  explicit StringWriter(std::string& target) : out(target) {}
+  void write(const void* data, size_t size) override { out.append(static_cast<const char*>(data), size); }
+  std::string& out;
+};
+
+constexpr unsigned kSerializeFlags = pugi::format_raw | pugi::format_no_declaration;
+
+}  // namespace
+
+bool LoadText(pugi::xml_document& document, std::string_view text) {
+  document.reset();
+  const bool keeps_spaces = text.find("xml:space") != std::string_view::npos;
+  const unsigned flags = keeps_spaces ? kParseFlags | pugi::parse_ws_pcdata : kParseFlags;
+  const pugi::xml_parse_result result = document.load_buffer(text.data(), text.size(), flags, pugi::encoding_utf8);
+  if (!result || CountElementChildren(document) != 1) {
+    document.reset();
+    return false;
+  }
+  if (keeps_spaces) DropInsignificantWhiteSpace(document);
+  return true;
+}
+
+bool IsElementName(std::string_view name) {
+  if (name.empty()) return false;
+  std::size_t pos = 0;
+  if (!IsNameStartChar(DecodeUtf8(name, pos))) return false;
+  while (pos < name.size()) {
+    if (!IsNameChar(DecodeUtf8(name, pos))) return false;
+  }
+  return true;
+}
+
+void CheckElementName(std::string_view name) {
+  if (!IsElementName(name)) {
+    throw AutomationError(errXml, kRuntimeSource,
+                          "The name '" + std::string(name) + "' is not a valid XML element name.");
+  }
+}
+
+pugi::xml_node AppendElement(pugi::xml_node parent, std::string_view name) {
+  CheckElementName(name);
+  pugi::xml_node element = parent.append_child(pugi::node_element);
+  if (!element) throw AutomationError::Runtime(errInvalidProcedureCall);
+  element.set_name(std::string(name).c_str());
+  return element;
+}
+
+std::string_view LocalName(pugi::xml_node node) {
+  if (node.type() != pugi::node_element && node.type() != pugi::node_pi &&
+      node.type() != pugi::node_declaration) {
+    return {};
+  }
+  std::string_view name = node.name();
+  const auto colon = name.find(':');
+  return colon == std::string_view::npos ? name : name.substr(colon + 1);
+}
+
+bool LocalNameIs(pugi::xml_node node, std::string_view name) {
+  const std::string_view local = LocalName(node);
+  if (local.size() != name.size()) {
+    // Upper-casing can change the length of non-ASCII text only; ASCII names differ outright.
+    bool ascii = true;
+    for (char c : local) ascii = ascii && static_cast<unsigned char>(c) < 0x80;
+    if (ascii) return false;
+  }
+  return EqualsIgnoreCase(local, name);
+}
+
+bool ElementNamed(pugi::xml_node node, const char* name) {
+  return node.type() == pugi::node_element && std::strcmp(node.name(), name) == 0;
+}
+
+std::string Text(pugi::xml_node node) {
+  switch (node.type()) {
+    case pugi::node_pcdata:
+    case pugi::node_cdata:
+    case pugi::node_comment:
+    case pugi::node_pi:
+      return node.value();
+    case pugi::node_null:
+      return {};
+    default:
+      break;
+  }
+  std::string text;
+  pugi::xml_node current = node.first_child();
+  while (current) {
+    if (current.type() == pugi::node_pcdata || current.type() == pugi::node_cdata) text += current.value();
+    if (current.type() == pugi::node_element && current.first_child()) {
+      current = current.first_child();
+      continue;
+    }
+    while (current && current != node && !current.next_sibling()) current = current.parent();
+    if (!current || current == node) break;
+    current = current.next_sibling();
+  }
+  return text;
+}
+
+void SerializeTo(pugi::xml_node node, std::string& out) {
+  StringWriter writer(out);
+  if (node.type() == pugi::node_document) {
+    for (pugi::xml_node child = node.first_child(); child; child = child.next_sibling()) {
+      child.print(writer, "", kSerializeFlags, pugi::encoding_utf8);
+    }
+  } else if (node) {
+    node.print(writer, "", kSerializeFlags, pugi::encoding_utf8);
+  }
+}
+
+std::string Serialize(pugi::xml_node node) {
+  std::string out;
+  SerializeTo(node, out);
+  return out;
+}
+
+const char* AttributeOrNull(pugi::xml_node node, const char* name) {
+  pugi::xml_attribute attribute = node.attribute(name);
+  return attribute ? attribute.value() : nullptr;
+}
+
+pugi::xpath_node_set SelectNodes(pugi::xml_node context, const std::string& expression) {
+  try {
+    pugi::xpath_query query(expression.c_str());
+    pugi::xpath_node_set nodes = query.evaluate_node_set(context);
+    nodes.sort();
+    return nodes;
+  } catch (const pugi::xpath_exception& error) {
+    throw AutomationError(errXml, kRuntimeSource,
+                          std::string("XPath error: ") + error.what() + " in '" + expression + "'");
+  }
+}
+
+pugi::xml_node SelectSingleNode(pugi::xml_node context, const std::string& expression) {
+  const pugi::xpath_node_set nodes = SelectNodes(context, expression);
+  if (nodes.empty()) return {};
+  return nodes.first().node() ? nodes.first().node() : nodes.first().parent();
+}
+
+}  // namespace varnex::xml

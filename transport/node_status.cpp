@@ -1,0 +1,35 @@
+#include "transport/node_status.hpp"
+
+#include "runtime/text.hpp"
+
+namespace varnex {
+
+enComponentStatus GetNodeStatus(pugi::xml_node node) {
+  if (!node) return csNormal;
+  const std::string status = UCase(TrimBlanks(node.attribute("STATUS").value()));
+  if (status == "NEW") return csNew;
+  if (status == "DELETED") return csDeleted;
+  if (status == "MODIFIED") return csModified;
+  return csNormal;
+}
+
+const char* StatusText(Long status) {
+  switch (status) {
+    case csModified: return "MODIFIED";
+    case csNew: return "NEW";
+    case csDeleted: return "DELETED";
+    default: return nullptr;
+  }
+}
+
+void WriteStatus(pugi::xml_node node, Long status) {
+  if (const char* text = StatusText(status)) SetAttribute(node, "STATUS", text);
+}
+
+void SetAttribute(pugi::xml_node node, const char* name, const char* value) {
+  pugi::xml_attribute attribute = node.attribute(name);
+  if (!attribute) attribute = node.append_attribute(name);
+  attribute.set_value(value);
+}
+
+}  // namespace varnex

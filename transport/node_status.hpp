@@ -1,0 +1,24 @@
+// The change status of a component or property element, kept in its "STATUS" attribute.
+#pragma once
+
+#include <pugixml.hpp>
+
+#include "varnex/types.hpp"
+
+namespace varnex {
+
+// Reads "STATUS": trimmed of blanks and compared without regard to case, "NEW", "DELETED" and
+// "MODIFIED" give their status; a missing node or attribute and any other text give csNormal.
+enComponentStatus GetNodeStatus(pugi::xml_node node);
+
+// The text written for a status: "MODIFIED", "NEW", "DELETED"; nullptr for csNormal and any
+// other value, which are written as no attribute at all.
+const char* StatusText(Long status);
+
+// Appends or replaces "STATUS" with the text of the status; does nothing for csNormal.
+void WriteStatus(pugi::xml_node node, Long status);
+
+// Sets an attribute, appending it when the element does not carry it yet.
+void SetAttribute(pugi::xml_node node, const char* name, const char* value);
+
+}  // namespace varnex

@@ -1,0 +1,46 @@
+#include "transport/property_index.hpp"
+
+#include "varnex/automation_error.hpp"
+
+namespace varnex {
+
+void PropertyIndex::Reset(Long max_handle) {
+  const std::size_t size = static_cast<std::size_t>(max_handle) + 1;
+  start_.assign(size, 0);
+  count_.assign(size, 0);
+  listed_.assign(size, false);
+  listed_without_handle_ = false;
+  nodes_.clear();
+  built_ = false;
+}
+
+void PropertyIndex::AddList(Long handle, pugi::xml_node properties) {
+  const bool known = handle > 0 && static_cast<std::size_t>(handle) < listed_.size();
+  if (known ? listed_[static_cast<std::size_t>(handle)] : listed_without_handle_) {
+    throw AutomationError::Runtime(errDuplicateKey);
+  }
+  if (!known) {
+    // A list whose component has no handle is keyed by an empty text no caller can ask for.
+    listed_without_handle_ = true;
+    return;
+  }
+  const auto h = static_cast<std::size_t>(handle);
+  listed_[h] = true;
+  start_[h] = static_cast<std::uint32_t>(nodes_.size());
+  for (pugi::xml_node child = properties.first_child(); child; child = child.next_sibling()) {
+    nodes_.push_back(child);
+  }
+  count_[h] = static_cast<std::uint32_t>(nodes_.size() - start_[h]);
+}
+
+Long PropertyIndex::Count(Long handle) const {
+  if (handle <= 0 || static_cast<std::size_t>(handle) >= count_.size()) return 0;
+  return static_cast<Long>(count_[static_cast<std::size_t>(handle)]);
+}
+
+pugi::xml_node PropertyIndex::At(Long handle, Long k) const {
+  if (k < 1 || k > Count(handle)) return {};
+  return nodes_[start_[static_cast<std::size_t>(handle)] + static_cast<std::size_t>(k) - 1];
+}
+
+}  // namespace varnex

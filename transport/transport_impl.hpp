@@ -1,0 +1,86 @@
+// The inside of a Transport: its document, its handle indexes and its private operations.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include <pugixml.hpp>
+
+#include "domains/domain_tables.hpp"
+#include "runtime/xml_document.hpp"
+#include "transport/child_index.hpp"
+#include "transport/handle_table.hpp"
+#include "transport/property_index.hpp"
+#include "varnex/transport.hpp"
+
+namespace varnex {
+
+// Name of the root until a caller or a loaded document says otherwise; also the fixed key under
+// which the root is registered, whatever it is called.
+inline constexpr const char* kDefaultRootName = "TALVEN";
+
+class Transport::Impl {
+ public:
+  explicit Impl(Transport& self) : self(self) {}
+
+  Transport& self;  // the public face, for private operations that call public ones
+
+  // --- Storage ----------------------------------------------------------------------------
+  std::string root_name = kDefaultRootName;
+  std::unique_ptr<xml::XmlDocument> document;  // nothing until built
+  pugi::xml_node root;                         // the named nodes "TALVEN" and "0"
+  pugi::xml_node domain_section;               // the named node "DOMAIN"
+  pugi::xml_node property_domain_section;      // the named node "PROPERTY_DOMAINS"
+  Long last_handle = 0;                        // shared by components, collections and links
+  HandleTable handles;
+  ChildIndex children;
+  PropertyIndex properties;
+  bool child_indexes_dirty = false;
+  bool prop_indexes_dirty = false;
+  DomainTables domains;
+
+  // --- Document storage (transport.cpp) ----------------------------------------------------
+  void Release();
+  void BuildEmptyDocument();
+  // Sets the root name and builds the empty document ("LetRootName: " on failure).
+  void LetRootName(const std::string& name);
+  xml::XmlDocument& Document();
+
+  // --- Handles (indexes.cpp) ---------------------------------------------------------------
+  // The element of a handle, 0 being the root; error 424 when the handle names nothing.
+  pugi::xml_node NodeOf(Long handle) const;
+  // The root, as the fixed key "TALVEN" finds it; error 424 when the document has none.
+  pugi::xml_node RootNode() const;
+  // The parent element that AddComponent and its kin take for a parent handle.
+  pugi::xml_node ParentNode(Long parent) const { return parent == 0 ? RootNode() : NodeOf(parent); }
+  Long HandleOf(pugi::xml_node node) const { return handles.HandleOf(node); }
+  // Issues the next handle for a name element.
+  Long IssueHandle(pugi::xml_node name_element);
+  // The parent of a node as the document reports it (nothing for the top of a cut-out tree).
+  pugi::xml_node ParentOf(pugi::xml_node node) const { return document->ParentOf(node); }
+  // True when the node's local name is the root name (compared without regard to case).
+  bool IsRootNamed(pugi::xml_node node) const;
+
+  void CheckAndRebuildChildIndexes();
+  void CheckAndRebuildPropIndexes();
+  bool IsPartOfAttachment(pugi::xml_node node) const;
+  Long CountChildren(Long parent, Boolean ignore_deletes) const;
+
+  // --- Components (components.cpp) ---------------------------------------------------------
+  // Appends a wrapper and its name element under the parent and issues the handle.
+  Long AddWrapped(Long parent, const char* wrapper, const std::string& name, Long status);
+
+  // --- Generation (generation.cpp) ---------------------------------------------------------
+  std::string GetModifiedXML();
+  std::string GetModifiedXML2();
+  Long HasModifications(pugi::xml_node node);
+  Long ChildCompCount(pugi::xml_node node);
+
+  // --- Merging (merge.cpp) -----------------------------------------------------------------
+  Long MergeTransportIn(Long parent, const std::string& text);
+  // The same, on text already loaded by the caller.
+  Long MergeTransportIn(Long parent, pugi::xml_document& incoming);
+};
+
+}  // namespace varnex

@@ -71,6 +71,17 @@ class Transport::Impl {
   // Appends a wrapper and its name element under the parent and issues the handle.
   Long AddWrapped(Long parent, const char* wrapper, const std::string& name, Long status);
 
+  // --- Attachments (attachments.cpp) -------------------------------------------------------
+  bool NodeHasPersistantAttachments(pugi::xml_node node);
+
+  // --- Deletion and reset (deletion.cpp, reset.cpp) ----------------------------------------
+  Boolean RecurseDeleteComponent(Long handle, Boolean forget);
+  Boolean ResetComponentStatus(Long handle);
+  Boolean HardDeleteComponent(Long handle);
+
+  // --- Updating (update.cpp) ---------------------------------------------------------------
+  Long RecurseCopyProperties(pugi::xml_node incoming, pugi::xml_node own);
+
   // --- Generation (generation.cpp) ---------------------------------------------------------
   std::string GetModifiedXML();
   std::string GetModifiedXML2();
@@ -81,6 +92,10 @@ class Transport::Impl {
   Long MergeTransportIn(Long parent, const std::string& text);
   // The same, on text already loaded by the caller.
   Long MergeTransportIn(Long parent, pugi::xml_document& incoming);
+  void RecurseComponents(Long parent, pugi::xml_node node);
+
+  // --- Domains (domains/) ------------------------------------------------------------------
+  bool AttributeExists(pugi::xml_node element, const char* name);
 };
 
 }  // namespace varnex

@@ -1,1 +1,0 @@
-// The data-binding classes are built here.

@@ -17,6 +17,7 @@ AutomationError AutomationError::Class(std::string source, std::string descripti
 std::string RuntimeErrorText(Long number) {
   switch (number) {
     case errInvalidProcedureCall: return "Invalid procedure call or argument";
+    case errOverflow: return "Overflow";
     case errOutOfMemory: return "Out of memory";
     case errSubscriptOutOfRange: return "Subscript out of range";
     case errTypeMismatch: return "Type mismatch";

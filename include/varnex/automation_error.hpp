@@ -10,6 +10,7 @@ namespace varnex {
 
 // Numbers of the runtime errors that Varnex raises itself (source "Varnex").
 inline constexpr Long errInvalidProcedureCall = 5;   // Invalid procedure call or argument
+inline constexpr Long errOverflow = 6;               // Overflow
 inline constexpr Long errOutOfMemory = 7;            // Out of memory
 inline constexpr Long errSubscriptOutOfRange = 9;    // Subscript out of range
 inline constexpr Long errTypeMismatch = 13;          // Type mismatch

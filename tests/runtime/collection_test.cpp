@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "varnex/automation_error.hpp"
+#include "varnex/enumerator.hpp"
 
 namespace varnex {
 namespace {
@@ -106,6 +107,32 @@ TEST(CollectionTest, HoldsObjects) {
   Collection outer;
   outer.Add(inner);
   EXPECT_EQ(outer.Item(1).AsObjectOf<Collection>(), inner);
+}
+
+TEST(CollectionTest, EnumeratorWalksByPosition) {
+  auto c = std::make_shared<Collection>();
+  c->Add("a");
+  c->Add("b");
+  Enumerator walk(c);
+  Variant item;
+  ASSERT_TRUE(walk.Next(item));
+  EXPECT_EQ(item.AsString(), "a");
+  // A member added during the walk is reached.
+  c->Add("c");
+  ASSERT_TRUE(walk.Next(item));
+  EXPECT_EQ(item.AsString(), "b");
+  EXPECT_TRUE(walk.Skip(1));
+  EXPECT_FALSE(walk.Next(item));
+  EXPECT_EQ(item.AsString(), "b");
+  walk.Reset();
+  EXPECT_FALSE(walk.Skip(5));
+  EXPECT_FALSE(walk.Next(item));
+  walk.Reset();
+  ASSERT_TRUE(walk.Next(item));
+  EXPECT_EQ(item.AsString(), "a");
+
+  Enumerator nothing(nullptr);
+  EXPECT_FALSE(nothing.Next(item));
 }
 
 }  // namespace

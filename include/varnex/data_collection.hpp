@@ -91,7 +91,8 @@ class DataCollection : public IDataCollection, public std::enable_shared_from_th
       ++at_;
       return before;
     }
-    friend bool operator==(const iterator&, const iterator&) = default;
+    friend bool operator==(const iterator& a, const iterator& b) { return a.at_ == b.at_; }
+    friend bool operator!=(const iterator& a, const iterator& b) { return a.at_ != b.at_; }
 
    private:
     Collection::const_iterator at_{};

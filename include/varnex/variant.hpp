@@ -1,9 +1,9 @@
 // A small automation variant: Empty, Long, String, Boolean or an object reference.
 #pragma once
 
-#include <concepts>
 #include <memory>
 #include <string>
+#include <type_traits>
 #include <variant>
 
 #include "varnex/object.hpp"
@@ -21,8 +21,7 @@ class Variant {
   Variant(const char* value);                 // vbString
   Variant(std::shared_ptr<Object> object);    // vbObject (a null pointer is the object Nothing)
   // vbObject from a reference to any class derived from Object.
-  template <typename T>
-    requires std::derived_from<T, Object>
+  template <typename T, typename = std::enable_if_t<std::is_base_of_v<Object, T>>>
   Variant(std::shared_ptr<T> object) : Variant(std::shared_ptr<Object>(std::move(object))) {}
   static Variant FromBoolean(Boolean value);  // vbBoolean: any non-zero value is True (-1)
 
@@ -54,7 +53,7 @@ class Variant {
  private:
   struct BooleanValue {
     Boolean value;
-    friend bool operator==(BooleanValue, BooleanValue) = default;
+    friend bool operator==(BooleanValue a, BooleanValue b) { return a.value == b.value; }
   };
   std::variant<std::monostate, Long, std::string, BooleanValue, std::shared_ptr<Object>> value_;
 };

@@ -6,8 +6,7 @@
 #include <utility>
 #include <vector>
 
-#include <gtest/gtest.h>
-
+#include "support/errors.hpp"
 #include "varnex/automation_error.hpp"
 #include "varnex/data_collection.hpp"
 
@@ -45,18 +44,6 @@ inline std::shared_ptr<FakeDataCollection> People() {
       std::vector<Row>{{{"Name", "Ann"}, {"Code", "A1"}, {"Active", "yes"}},
                        {{"Name", "Bob"}, {"Code", "B2"}, {"Active", "no"}},
                        {{"Name", "Cy"}, {"Code", "C3"}, {"Active", "TRUE"}}});
-}
-
-// The automation error that the call raises; fails the test when it raises none.
-template <typename Call>
-AutomationError ErrorOf(Call&& call) {
-  try {
-    call();
-  } catch (const AutomationError& error) {
-    return error;
-  }
-  ADD_FAILURE() << "no error raised";
-  return AutomationError(0, "", "");
 }
 
 }  // namespace varnex::testing

@@ -45,7 +45,7 @@ Long Transport::AddCompProperty(Long lngComponent, const std::string& strPropNam
     pugi::xml_node list = FindPropertyList(element);
     if (!list) list = doc.AppendElement(element, "PROPERTIES");
     const pugi::xml_node property = doc.AppendElement(list, UCase(strPropName));
-    property.append_attribute("xml:space").set_value("preserve");
+    SetAttribute(property, "xml:space", "preserve");  // always the first attribute
     doc.SetText(property, strPropVal);
     WriteStatus(property, enStatus);
     if (!strPropOriginal.empty()) SetAttribute(property, "ORIGINAL", strPropOriginal.c_str());

@@ -15,7 +15,7 @@ void ExpectTransportError(const AutomationError& error, Long number, const std::
   EXPECT_EQ(error.description(), description);
 }
 
-TEST(Prototypes, CollectionsKeepDefaultsInOrder) {
+TEST(Prototypes, CollectionsKeepDefaultsInOrderAndComponentsRefuseThem) {
   Transport t;
   const Long visits = t.AddCollection(0, "visits");
   const Long visit = t.AddComponent(visits, "visit");
@@ -28,14 +28,13 @@ TEST(Prototypes, CollectionsKeepDefaultsInOrder) {
   EXPECT_EQ(defaults.Item("COLOUR").AsString(), "red");
   EXPECT_FALSE(defaults.Exists("colour")) << "keys compare exactly";
   EXPECT_EQ(t.GetCompPrototypeProperties(visit).Count(), 0);
+  ExpectTransportError(testing::ErrorOf([&] { t.AddCompPrototypeProperty(visit, "a"); }), errClass,
+                       "AddCompPrototypeProperty: Invalid handle.  Handle must be a collection.");
 }
 
 TEST(Prototypes, Failures) {
   Transport t;
   const Long visits = t.AddCollection(0, "visits");
-  const Long site = t.AddComponent(0, "site");
-  ExpectTransportError(testing::ErrorOf([&] { t.AddCompPrototypeProperty(site, "a"); }), errClass,
-                       "AddCompPrototypeProperty: Invalid handle.  Handle must be a collection.");
   ExpectTransportError(testing::ErrorOf([&] { t.AddCompPrototypeProperty(99, "a"); }), errObjectRequired,
                        "AddCompPrototypeProperty: Invalid Handle.");
   ExpectTransportError(testing::ErrorOf([&] { t.GetCompPrototypeProperties(99); }), errObjectRequired,
@@ -43,12 +42,10 @@ TEST(Prototypes, Failures) {
   ExpectTransportError(testing::ErrorOf([&] { t.AddCompPrototypeProperty(visits, "two words"); }), errXml,
                        "AddCompPrototypeProperty: The name 'TWO WORDS' is not a valid XML element name.");
   EXPECT_EQ(xml::Serialize(t.impl().NodeOf(visits)), "<VISITS><PROTOTYPE/></VISITS>");
-
   t.AddCompPrototypeProperty(visits, "colour", "red");
   t.AddCompPrototypeProperty(visits, "Colour", "blue");
   ExpectTransportError(testing::ErrorOf([&] { t.GetCompPrototypeProperties(visits); }), errDuplicateKey,
-                       "GetCompPrototypeProperties: This key is already associated with an element of this "
-                       "collection");
+                       "GetCompPrototypeProperties: This key is already associated with an element of this collection");
 }
 
 }  // namespace

@@ -1,0 +1,194 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "support/errors.hpp"
+#include "varnex/data_collection.hpp"
+#include "varnex/data_collection_source.hpp"
+
+namespace varnex {
+namespace {
+
+using Texts = std::vector<std::string>;
+
+// A grid that records every call, answers only a grid's members (exact name and argument count)
+// and fails the test on any other call. Assigning its "DataSource" does what a bound grid does:
+// it asks the source for data and rebuilds its columns from the provider, which loses widths
+// (-1), header texts (the column names) and column types (0).
+class FakeGrid : public LateBound {
+ public:
+  FakeGrid(std::string type_name, Long cols, Long rows) : rows(rows), type_name_(std::move(type_name)) {
+    for (Long i = 0; i < cols; ++i) {
+      widths.push_back(Variant(1000 + 100 * i));
+      captions.push_back(Variant("Caption " + std::to_string(i)));
+      types.push_back(Variant(i == 1 ? Long{vbBoolean} : Long{vbString}));
+    }
+  }
+
+  std::string TypeName() override { return Record("TypeName"), type_name_; }
+
+  Variant Get(const std::string& member, const std::vector<Variant>& args) override {
+    Record("Get " + member);
+    if (member == "cols" && args.empty()) return static_cast<Long>(widths.size());
+    if (member == "rows" && args.empty()) return rows;
+    if (member == "colwidth" && args.size() == 1) return widths.at(Column(args[0]));
+    if (member == "ColDataType" && args.size() == 1) return types.at(Column(args[0]));
+    if (member == "Cell" && IsHeaderCell(args)) return captions.at(Column(args[2]));
+    return Unexpected("Get " + member);
+  }
+
+  void Let(const std::string& member, const std::vector<Variant>& args, const Variant& value) override {
+    Record("Let " + member);
+    if (member == "colwidth" && args.size() == 1) return void(widths.at(Column(args[0])) = value);
+    if (member == "ColDataType" && args.size() == 1) return void(types.at(Column(args[0])) = value);
+    if (member == "Cell" && IsHeaderCell(args)) return void(captions.at(Column(args[2])) = value);
+    Unexpected("Let " + member);
+  }
+
+  void Set(const std::string& member, const Variant& object) override {
+    Record("Set " + member);
+    if (member != "DataSource") return void(Unexpected("Set " + member));
+    source = object.AsObjectOf<DataCollectionSource>();
+    try {
+      const auto provider = source->GetDataMember();
+      const Long cols = provider->getColumnCount();
+      widths.assign(static_cast<std::size_t>(cols), Variant(-1));
+      types.assign(static_cast<std::size_t>(cols), Variant(0));
+      captions.clear();
+      for (Long i = 1; i <= cols; ++i) captions.push_back(provider->getVariant(0, i, 0));
+      rows = provider->getRowCount() + 1;
+    } catch (const AutomationError& error) {
+      request_error = error.description();
+    }
+  }
+
+  // How often a call was made before and after the data source was assigned.
+  std::pair<long, long> Count(const std::string& call) const {
+    const auto bound = std::find(calls.begin(), calls.end(), "Set DataSource");
+    return {std::count(calls.begin(), bound, call), std::count(bound, calls.end(), call)};
+  }
+
+  Texts calls;
+  std::vector<Variant> widths, captions, types;
+  Long rows;
+  std::shared_ptr<DataCollectionSource> source;
+  std::string request_error;     // why the request for data failed
+  std::string fail_on;           // a call ("Get colwidth") that raises an error
+  bool fail_once_bound = false;  // ... only after the data source is assigned
+
+ private:
+  void Record(const std::string& call) {
+    calls.push_back(call);
+    if (call == fail_on && (!fail_once_bound || source)) throw AutomationError::Runtime(errInvalidProcedureCall);
+  }
+  std::size_t Column(const Variant& index) const {
+    const Long column = index.AsLong();
+    if (column < 0 || column >= static_cast<Long>(widths.size())) throw AutomationError::Runtime(errSubscriptOutOfRange);
+    return static_cast<std::size_t>(column);
+  }
+  bool IsHeaderCell(const std::vector<Variant>& args) const {
+    return args.size() == 3 && args[0] == Variant(0) && args[1] == Variant(0) && rows > 0;
+  }
+  Variant Unexpected(const std::string& call) {
+    ADD_FAILURE() << "unexpected call: " << call;
+    throw AutomationError::Runtime(errObjectRequired);
+  }
+
+  std::string type_name_;
+};
+
+Texts TextsOf(const std::vector<Variant>& values) {
+  Texts texts;
+  for (const Variant& value : values) texts.push_back(value.AsString());
+  return texts;
+}
+
+const Texts kWidths{"1000", "1100", "1200"}, kCaptions{"Caption 0", "Caption 1", "Caption 2"}, kTypes{"8", "11", "8"};
+
+TEST(GridBindingTest, AGridKeepsItsWidthsHeadersAndTypes) {
+  const auto data = std::make_shared<DataCollection>();
+  FakeGrid grid("VSFlexGrid", 3, 2);
+  EXPECT_EQ(data->BindToGrid(grid, "Name,Paid,Code", "unused"), vbFalse);
+  EXPECT_EQ(grid.request_error, "");
+  EXPECT_EQ(grid.source->Data(), data);
+  EXPECT_EQ(grid.source->Fields(), "Name,Paid,Code");
+  EXPECT_EQ(grid.source->DataTypes(), (std::vector<Long>{vbString, vbBoolean, vbString}));
+  EXPECT_EQ(TextsOf(grid.widths), kWidths);
+  EXPECT_EQ(TextsOf(grid.captions), kCaptions);
+  EXPECT_EQ(TextsOf(grid.types), kTypes);
+  // The layout is read before binding and written after it.
+  for (const char* member : {"colwidth", "Cell", "ColDataType"}) {
+    EXPECT_EQ(grid.Count(std::string("Get ") + member), std::pair(3L, 0L)) << member;
+    EXPECT_EQ(grid.Count(std::string("Let ") + member), std::pair(0L, 3L)) << member;
+  }
+
+  // Columns the grid did not have before keep what binding gave them.
+  FakeGrid narrow("VSFlexGrid", 2, 1);
+  data->BindToGrid(narrow, "A,B,C");
+  EXPECT_EQ(TextsOf(narrow.widths), (Texts{"1000", "1100", "-1"}));
+  EXPECT_EQ(TextsOf(narrow.captions), (Texts{"Caption 0", "Caption 1", "C"}));
+  EXPECT_EQ(TextsOf(narrow.types), (Texts{"8", "11", "0"}));
+}
+
+TEST(GridBindingTest, AGridWithoutRowsSavesAndRestoresNoHeaders) {
+  const auto data = std::make_shared<DataCollection>();
+  FakeGrid grid("VSFlexGrid", 3, 0);
+  EXPECT_EQ(data->BindToGrid(grid, "x,y,z"), vbFalse);
+  EXPECT_EQ(grid.Count("Get Cell"), std::pair(0L, 0L));
+  EXPECT_EQ(grid.Count("Let Cell"), std::pair(0L, 0L));
+  EXPECT_EQ(TextsOf(grid.captions), (Texts{"X", "Y", "Z"}));
+  EXPECT_EQ(TextsOf(grid.widths), kWidths);
+}
+
+TEST(GridBindingTest, OtherControlsAndGridsWithoutColumnsGetNoTypes) {
+  for (const auto& [name, cols] : {std::pair{"vsFlexGrid", 3}, {"VSFLEXGRID", 3}, {"ListView", 3}, {"VSFlexGrid", 0}}) {
+    const auto data = std::make_shared<DataCollection>();
+    FakeGrid control(name, cols, 2);
+    EXPECT_EQ(data->BindToGrid(control, "A,B"), vbFalse) << name;
+    if (cols > 0) {
+      EXPECT_EQ(control.calls, (Texts{"TypeName", "Set DataSource"})) << name;
+    }
+    EXPECT_EQ(control.source->DataTypes(), std::nullopt) << name;
+    // The provider fails when the control asks for its data, not during the binding.
+    EXPECT_EQ(control.request_error, "Error Loading Data into Provider.") << name;
+  }
+}
+
+TEST(GridBindingTest, FailuresBeforeRestoringAreTheBindingErrorLaterOnesAreIgnored) {
+  const auto data = std::make_shared<DataCollection>();
+  const auto binding_error = [](FakeGrid& grid, auto& collection) {
+    const AutomationError error = testing::ErrorOf([&] { collection.BindToGrid(grid, "A,B,C"); });
+    EXPECT_EQ(error.number(), errClass);
+    EXPECT_EQ(error.source(), "DataCollection");
+    EXPECT_EQ(error.description(), "Error Binding to Grid.");
+  };
+  for (const char* failing : {"TypeName", "Get cols", "Get colwidth", "Get rows", "Get Cell", "Get ColDataType", "Set DataSource"}) {
+    FakeGrid grid("VSFlexGrid", 3, 1);
+    grid.fail_on = failing;
+    binding_error(grid, *data);
+    EXPECT_EQ(grid.Count("Let colwidth"), std::pair(0L, 0L)) << failing;
+  }
+  FakeGrid odd("VSFlexGrid", 3, 1);
+  odd.types[0] = Variant("text");  // no number
+  binding_error(odd, *data);
+  DataCollection unshared;  // the grid could not keep it
+  FakeGrid grid("VSFlexGrid", 3, 1);
+  binding_error(grid, unshared);
+
+  const std::vector<std::pair<const char*, std::vector<Texts>>> restoring = {
+      {"Let colwidth", {{"-1", "-1", "-1"}, kCaptions, kTypes}},
+      {"Let Cell", {kWidths, {"A", "B", "C"}, kTypes}},
+      {"Let ColDataType", {kWidths, kCaptions, {"0", "0", "0"}}},
+      {"Get rows", {kWidths, {"A", "B", "C"}, kTypes}},
+      {"Get cols", {{"-1", "-1", "-1"}, {"A", "B", "C"}, {"0", "0", "0"}}}};
+  for (const auto& [failing, layout] : restoring) {
+    FakeGrid bound("VSFlexGrid", 3, 1);
+    bound.fail_on = failing;
+    bound.fail_once_bound = true;
+    EXPECT_EQ(data->BindToGrid(bound, "A,B,C"), vbFalse) << failing;
+    EXPECT_EQ((std::vector<Texts>{TextsOf(bound.widths), TextsOf(bound.captions), TextsOf(bound.types)}), layout) << failing;
+  }
+}
+
+}  // namespace
+}  // namespace varnex

@@ -2,12 +2,13 @@
 //
 // The reduced forms are those of a working copy: the document's text loaded afresh, trimmed
 // (short form only), its top-level wrappers written under bare root tags. Loading that text gives
-// back the visible tree node for node, except for text that the loading rules change: blank-only
-// text outside xml:space="preserve" is dropped, adjacent text nodes are joined, CR line ends become
-// LF (not in processing instructions). So the text is written straight from the own document,
-// leaving out what the reduction would remove, and its line ends are normalised; the copy is
-// really made only when that cannot give the same text. The own document always loads when it has
-// a root: element and attribute names are checked when they are set.
+// back the visible tree node for node, except where the loading rules change it: blank-only text
+// outside xml:space="preserve" is dropped, adjacent text nodes are joined, CR line ends become LF
+// (not in processing instructions), and an attached declaration keeps the text from loading at
+// all (attribute and element names are checked when set, so nothing else can). So the text is
+// written straight from the own document, leaving out what the reduction would remove, with its
+// line ends normalised; the copy is really made only where that could differ, and on any
+// failure, which the copy then raises as it should.
 #include <cstring>
 
 #include "runtime/trap.hpp"
@@ -23,15 +24,24 @@ bool IsBlank(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
 
 // Turns text written from the own document into the text written from its reload: CR line ends
 // become LF. False when the text alone cannot tell: blank-only text between two tags (dropped by
-// a reload unless xml:space="preserve" holds), or a CR that a processing instruction may hold.
+// a reload unless xml:space="preserve" holds), an attached declaration, or a CR that a processing
+// instruction may hold.
 bool AsReloaded(std::string& text) {
   for (std::size_t at = text.find('>'); at != std::string::npos; at = text.find('>', at + 1)) {
     std::size_t end = at + 1;
     while (end < text.size() && IsBlank(text[end])) ++end;
     if (end > at + 1 && end < text.size() && text[end] == '<') return false;
   }
+  bool instructions = false;
+  for (std::size_t at = text.find("<?"); at != std::string::npos; at = text.find("<?", at + 2)) {
+    instructions = true;
+    if (text.size() > at + 5 && (text[at + 2] | ' ') == 'x' && (text[at + 3] | ' ') == 'm' &&
+        (text[at + 4] | ' ') == 'l' && (text[at + 5] == ' ' || text[at + 5] == '?')) {
+      return false;
+    }
+  }
   if (text.find('\r') == std::string::npos) return true;
-  if (text.find("<?") != std::string::npos) return false;
+  if (instructions) return false;
   std::string normalised;
   normalised.reserve(text.size());
   for (std::size_t i = 0; i < text.size(); ++i) {
@@ -131,6 +141,50 @@ std::string WrapUnderRoot(const std::string& root_name, const std::vector<pugi::
   return text;
 }
 
+// The short form written from the own document; false where only the working copy can tell.
+bool WriteShortForm(Transport::Impl& impl, std::string& text) {
+  try {
+    TrimMarks marks;
+    if (!impl.MarkTrim(SelectFirstNamed(impl.root, impl.root_name), marks)) return false;
+    const auto removed = [&](pugi::xml_node node) {
+      for (; node && node != impl.root; node = node.parent()) {
+        if (marks.removed.count(node.internal_object()) != 0) return true;
+      }
+      return false;
+    };
+    TagWriter tags;
+    text = OpenRoot(impl.root_name);
+    for (const pugi::xml_node wrapper :
+         SelectRootWrappers(impl.root, impl.root_name, impl.domain_section, impl.property_domain_section)) {
+      if (!removed(wrapper)) WriteKept(wrapper, marks, tags, text);
+    }
+    CloseRoot(impl.root_name, text);
+    return AsReloaded(text);
+  } catch (const AutomationError&) {
+    return false;
+  }
+}
+
+// The medium form written from the own document; false where only the working copy can tell.
+bool WriteMediumForm(Transport::Impl& impl, std::string& text) {
+  try {
+    // Attachments of the root are not written, but an attached declaration there would keep the
+    // document from loading.
+    for (pugi::xml_node list = impl.root.first_child(); list; list = list.next_sibling()) {
+      if (!xml::ElementNamed(list, "ATTACHMENTS")) continue;
+      for (pugi::xml_node attachment : list.children()) {
+        if (ReadsAsDeclaration(attachment)) return false;
+      }
+      break;
+    }
+    text = WrapUnderRoot(impl.root_name, SelectRootWrappers(impl.root, impl.root_name, impl.domain_section,
+                                                            impl.property_domain_section));
+    return AsReloaded(text);
+  } catch (const AutomationError&) {
+    return false;
+  }
+}
+
 }  // namespace
 
 std::string Transport::GenerateTransportDoc(enTransportMode tmMode) {
@@ -146,25 +200,8 @@ std::string Transport::GenerateTransportDoc(enTransportMode tmMode) {
 
 std::string Transport::Impl::GetModifiedXML() {
   return Trap{"GetModifiedXML"}.Run([&] {
-    if (root) {
-      TrimMarks marks;
-      if (MarkTrim(SelectFirstNamed(root, root_name), marks)) {
-        const auto removed = [&](pugi::xml_node node) {
-          for (; node && node != root; node = node.parent()) {
-            if (marks.removed.count(node.internal_object()) != 0) return true;
-          }
-          return false;
-        };
-        TagWriter tags;
-        std::string text = OpenRoot(root_name);
-        for (const pugi::xml_node wrapper :
-             SelectRootWrappers(root, root_name, domain_section, property_domain_section)) {
-          if (!removed(wrapper)) WriteKept(wrapper, marks, tags, text);
-        }
-        CloseRoot(root_name, text);
-        if (AsReloaded(text)) return text;
-      }
-    }
+    std::string text;
+    if (root && WriteShortForm(*this, text)) return text;
     // The working copy itself; when the text does not load it stays empty, and the trim fails.
     pugi::xml_document copy;
     xml::LoadText(copy, Document().Serialize());
@@ -177,11 +214,8 @@ std::string Transport::Impl::GetModifiedXML() {
 
 std::string Transport::Impl::GetModifiedXML2() {
   return Trap{"GetModifiedXML2"}.Run([&] {
-    if (root) {
-      std::string text =
-          WrapUnderRoot(root_name, SelectRootWrappers(root, root_name, domain_section, property_domain_section));
-      if (AsReloaded(text)) return text;
-    }
+    std::string text;
+    if (root && WriteMediumForm(*this, text)) return text;
     pugi::xml_document copy;
     if (!xml::LoadText(copy, Document().Serialize())) {
       // The bad-format failure is raised with error number 0, which the runtime refuses with its

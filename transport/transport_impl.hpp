@@ -92,7 +92,8 @@ class Transport::Impl {
   Long HasModifications(pugi::xml_node node);
   Long ChildCompCount(pugi::xml_node node);
   // Records what TrimDocument would remove below the node, changing nothing; fails as
-  // TrimDocument does. False when the tree holds text whose reload would change the reduction.
+  // TrimDocument does. False when the tree's text, loaded afresh, would not load or would be
+  // reduced otherwise.
   bool MarkTrim(pugi::xml_node node, TrimMarks& marks);
 
   // --- Merging (merge.cpp) -----------------------------------------------------------------

@@ -45,15 +45,16 @@ struct Removing {
   static void Remove(pugi::xml_node parent, pugi::xml_node child) { parent.remove_child(child); }
 };
 
-// Records condemned nodes and leaves the tree alone. Gives up (answers false) where the tree
-// holds text that a reload of its serialised form would drop or join, and that could change
-// what the reduction does: as a wrapper's first child or among attachments.
+// Records condemned nodes and leaves the tree alone. Gives up (answers false) where a reload of
+// the serialised tree would differ in what the reduction looks at: text, which loading may drop
+// or join, as a wrapper's first child or among attachments; and an attached declaration, which
+// keeps the text from loading at all.
 struct Recording {
   TrimMarks& marks;
   bool Enter(pugi::xml_node component) const { return component.type() != pugi::node_pcdata; }
   bool Attachments(pugi::xml_node list) const {
     for (pugi::xml_node child = list.first_child(); child; child = child.next_sibling()) {
-      if (child.type() == pugi::node_pcdata) return false;
+      if (child.type() == pugi::node_pcdata || ReadsAsDeclaration(child)) return false;
     }
     return true;
   }

@@ -1,8 +1,4 @@
-// Test documents for the exchange operations, written as text.
-//
-// Adopt() puts the components of a text into a Transport's own document exactly as written
-// (statuses of collections, attribute order and stray nodes included) and gives every component
-// and collection a handle in document order, as loading would.
+// Test documents for the exchange operations.
 #pragma once
 
 #include <string>
@@ -15,35 +11,24 @@
 
 namespace varnex::testing {
 
-inline void Adopt(Transport& transport, const std::string& text) {
+// Puts the components of "<TALVEN>...</TALVEN>" into the document exactly as written and gives
+// every component and collection a handle, in document order.
+inline void Adopt(Transport& transport, const std::string& components) {
   Transport::Impl& impl = transport.impl();
   pugi::xml_document incoming;
-  ASSERT_TRUE(xml::LoadText(incoming, text)) << text;
-  for (pugi::xml_node child = incoming.document_element().first_child(); child; child = child.next_sibling()) {
-    impl.document->AppendCopy(impl.root, child);
+  ASSERT_TRUE(xml::LoadText(incoming, "<TALVEN>" + components + "</TALVEN>"));
+  for (pugi::xml_node child : incoming.document_element().children()) {
+    xml::WalkElements(impl.document->AppendCopy(impl.root, child), [&](pugi::xml_node element) {
+      if (xml::LocalNameIs(element, "ATTACHMENTS")) return false;
+      const bool wrapper = xml::LocalNameIs(element, "COMPONENT") || xml::LocalNameIs(element, "COLLECTION");
+      if (wrapper && element.first_child().type() == pugi::node_element) impl.IssueHandle(element.first_child());
+      return true;
+    });
   }
-  xml::WalkElements(impl.root, [&](pugi::xml_node element) {
-    if (xml::LocalNameIs(element, "ATTACHMENTS")) return false;
-    if ((xml::ElementNamed(element, "COMPONENT") || xml::ElementNamed(element, "COLLECTION")) &&
-        element.first_child().type() == pugi::node_element) {
-      impl.IssueHandle(element.first_child());
-    }
-    return true;
-  });
-  impl.child_indexes_dirty = true;
-  impl.prop_indexes_dirty = true;
+  impl.child_indexes_dirty = impl.prop_indexes_dirty = true;
 }
 
-// The whole document without the empty domain sections of a new object, for short comparisons.
-inline std::string Components(Transport& transport) {
-  std::string text = transport.GenerateTransportDoc(tmFull);
-  const std::string sections = "<DOMAIN/><PROPERTY_DOMAINS/>";
-  if (const auto at = text.find(sections); at != std::string::npos) text.erase(at, sections.size());
-  return text;
-}
-
-// Appends a property the way the property operations write one (value kept as text, blanks
-// preserved).
+// Appends a property as the property operations write one.
 inline void AddProperty(Transport& transport, Long handle, const std::string& name, const std::string& value) {
   Transport::Impl& impl = transport.impl();
   const pugi::xml_node element = impl.NodeOf(handle);
@@ -52,10 +37,18 @@ inline void AddProperty(Transport& transport, Long handle, const std::string& na
   pugi::xml_node property = impl.document->AppendElement(list, name);
   property.append_attribute("xml:space").set_value("preserve");
   impl.document->SetText(property, value);
-  impl.prop_indexes_dirty = true;
 }
 
-// The error that `body` raises (number 0 when it raises none).
+// The components as they stand, without the root and the domain sections.
+inline std::string Components(Transport& transport) {
+  std::string text;
+  for (pugi::xml_node child : transport.impl().root.children()) {
+    if (xml::LocalNameIs(child, "COMPONENT") || xml::LocalNameIs(child, "COLLECTION")) xml::SerializeTo(child, text);
+  }
+  return text;
+}
+
+// The error that `body` raises (number 0 when none).
 template <typename Body>
 AutomationError Failure(Body&& body) {
   try {
@@ -66,7 +59,6 @@ AutomationError Failure(Body&& body) {
   return AutomationError(0, "", "");
 }
 
-// Number of times `part` occurs in `text`.
 inline std::size_t Occurrences(const std::string& text, const std::string& part) {
   std::size_t count = 0;
   for (auto at = text.find(part); at != std::string::npos; at = text.find(part, at + part.size())) ++count;

@@ -27,8 +27,7 @@ class Transport {
   // "PROPERTY_DOMAINS" sections.
   Transport();
   ~Transport();
-  Transport(Transport&&) noexcept;
-  Transport& operator=(Transport&&) noexcept;
+  // A Transport stays where it was created (hold it through a pointer to pass it around).
   Transport(const Transport&) = delete;
   Transport& operator=(const Transport&) = delete;
 

@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-#include "support/error_capture.hpp"
+#include "support/errors.hpp"
 #include "varnex/varnex.hpp"
 
 namespace varnex {
@@ -199,12 +199,11 @@ TEST(Merge, FailuresNestOnePrefixPerLevelAndKeepWhatWasAdded) {
   for (const Case& c : cases) {
     Transport transport;
     const auto error = ErrorOf([&] { transport.MergeDocument(c.text, c.parent); });
-    ASSERT_TRUE(error) << c.text;
-    EXPECT_EQ(error->number(), c.number) << c.text;
+    EXPECT_EQ(error.number(), c.number) << c.text;
     if (c.description.empty()) {
-      EXPECT_EQ(error->description().rfind(merge + "AddPropDomain: ", 0), 0u) << error->description();
+      EXPECT_EQ(error.description().rfind(merge + "AddPropDomain: ", 0), 0u) << error.description();
     } else {
-      EXPECT_EQ(error->description(), c.description) << c.text;
+      EXPECT_EQ(error.description(), c.description) << c.text;
     }
     EXPECT_EQ(transport.TransportDoc(), std::string("<TALVEN><DOMAIN/><PROPERTY_DOMAINS/>") + c.left + "</TALVEN>")
         << c.text;
@@ -219,7 +218,8 @@ TEST(Merge, DeepDocumentsMergeWithoutRecursion) {
   for (int i = 0; i < kDepth; ++i) tail += "</C></COMPONENT>";
 
   Transport transport;
-  EXPECT_EQ(transport.MergeDocument("<TALVEN>" + body + "<PROPERTIES><P>deep</P></PROPERTIES>" + tail + "</TALVEN>", 0), 1);
+  const std::string text = "<TALVEN>" + body + "<PROPERTIES><P>deep</P></PROPERTIES>" + tail + "</TALVEN>";
+  EXPECT_EQ(transport.MergeDocument(text, 0), 1);
   std::string name, value, original;
   enComponentStatus status = csNormal;
   enComponentType type = ctComponent;
@@ -232,10 +232,10 @@ TEST(Merge, DeepDocumentsMergeWithoutRecursion) {
 
   // A failure at the bottom carries one prefix per level.
   Transport failing;
-  const auto error = ErrorOf([&] { failing.MergeDocument("<TALVEN>" + body + "<COMPONENT/>" + tail + "</TALVEN>", 0); });
-  ASSERT_TRUE(error);
-  EXPECT_EQ(error->description(), "MergeDocument: MergeTransportIn: " + Repeat("RecurseComponents: ", kDepth + 1) +
-                                      "Object variable or With block variable not set");
+  EXPECT_AUTOMATION_ERROR(failing.MergeDocument("<TALVEN>" + body + "<COMPONENT/>" + tail + "</TALVEN>", 0),
+                          errObjectNotSet,
+                          "MergeDocument: MergeTransportIn: " + Repeat("RecurseComponents: ", kDepth + 1) +
+                              "Object variable or With block variable not set");
 }
 
 }  // namespace

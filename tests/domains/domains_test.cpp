@@ -171,5 +171,17 @@ TEST(Domains, InvalidNamesFailAtElementCreation) {
   EXPECT_EQ(transport.AddDomain("1"), 0);
 }
 
+TEST(Domains, DicKeyExistsAnswersForAnyDictionary) {
+  Transport transport;
+  Dictionary text(TextCompare);
+  text.Add("Key", Variant(Long{1}));
+  Dictionary binary;
+  binary.Add("Key", Variant());
+  EXPECT_EQ(transport.DicKeyExists(&text, "KEY"), vbTrue);
+  EXPECT_EQ(transport.DicKeyExists(&binary, "KEY"), vbFalse);
+  EXPECT_EQ(transport.DicKeyExists(&binary, "Key"), vbTrue);
+  EXPECT_EQ(transport.DicKeyExists(nullptr, "Key"), vbFalse);  // no dictionary: False, no error
+}
+
 }  // namespace
 }  // namespace varnex

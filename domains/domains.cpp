@@ -8,6 +8,7 @@
 #include "runtime/trap.hpp"
 #include "runtime/xml.hpp"
 #include "transport/node_status.hpp"
+#include "varnex/dictionary.hpp"
 
 namespace varnex {
 
@@ -31,6 +32,11 @@ Long Transport::AddDomain(const std::string& strName, const std::string& strCode
 
 Long Transport::CountDomains() {
   return Trap{"CountDomains"}.Run([&] { return impl_->domains.domain_counts.Item("0"); });
+}
+
+Boolean Transport::DicKeyExists(const Dictionary* dic, const std::string& value) {
+  // Any failure, a missing dictionary included, answers False.
+  return Swallow(vbFalse, [&] { return dic != nullptr && dic->Exists(value) ? vbTrue : vbFalse; });
 }
 
 Long Transport::AddDomainItem(Long lngDomain) {

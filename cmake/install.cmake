@@ -16,5 +16,8 @@ write_basic_package_version_file(${CMAKE_CURRENT_BINARY_DIR}/varnexConfigVersion
 install(FILES ${CMAKE_CURRENT_BINARY_DIR}/varnexConfig.cmake ${CMAKE_CURRENT_BINARY_DIR}/varnexConfigVersion.cmake
   DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/varnex)
 
+# The pkg-config file finds its prefix relative to where it is installed, so that an install
+# under another prefix (cmake --install --prefix) stays usable.
+file(RELATIVE_PATH VARNEX_PC_TO_PREFIX "/root/${CMAKE_INSTALL_LIBDIR}/pkgconfig" "/root")
 configure_file(cmake/varnex.pc.in ${CMAKE_CURRENT_BINARY_DIR}/varnex.pc @ONLY)
 install(FILES ${CMAKE_CURRENT_BINARY_DIR}/varnex.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)

@@ -6,8 +6,7 @@ namespace varnex {
 
 void PropertyIndex::Reset(Long max_handle) {
   const std::size_t size = static_cast<std::size_t>(max_handle) + 1;
-  start_.assign(size, 0);
-  count_.assign(size, 0);
+  lists_.assign(size, List{});
   listed_.assign(size, false);
   listed_without_handle_ = false;
   nodes_.clear();
@@ -26,21 +25,24 @@ void PropertyIndex::AddList(Long handle, pugi::xml_node properties) {
   }
   const auto h = static_cast<std::size_t>(handle);
   listed_[h] = true;
-  start_[h] = static_cast<std::uint32_t>(nodes_.size());
+  List& list = lists_[h];
+  list.start = static_cast<std::uint32_t>(nodes_.size());
   for (pugi::xml_node child = properties.first_child(); child; child = child.next_sibling()) {
     nodes_.push_back(child);
   }
-  count_[h] = static_cast<std::uint32_t>(nodes_.size() - start_[h]);
+  list.count = static_cast<std::uint32_t>(nodes_.size() - list.start);
 }
 
 Long PropertyIndex::Count(Long handle) const {
-  if (handle <= 0 || static_cast<std::size_t>(handle) >= count_.size()) return 0;
-  return static_cast<Long>(count_[static_cast<std::size_t>(handle)]);
+  if (handle <= 0 || static_cast<std::size_t>(handle) >= lists_.size()) return 0;
+  return static_cast<Long>(lists_[static_cast<std::size_t>(handle)].count);
 }
 
 pugi::xml_node PropertyIndex::At(Long handle, Long k) const {
-  if (k < 1 || k > Count(handle)) return {};
-  return nodes_[start_[static_cast<std::size_t>(handle)] + static_cast<std::size_t>(k) - 1];
+  if (handle <= 0 || static_cast<std::size_t>(handle) >= lists_.size()) return {};
+  const List& list = lists_[static_cast<std::size_t>(handle)];
+  if (k < 1 || static_cast<std::uint32_t>(k) > list.count) return {};
+  return nodes_[list.start + static_cast<std::size_t>(k) - 1];
 }
 
 }  // namespace varnex

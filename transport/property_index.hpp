@@ -32,8 +32,11 @@ class PropertyIndex {
   pugi::xml_node At(Long handle, Long k) const;
 
  private:
-  std::vector<std::uint32_t> start_;  // per handle: offset into nodes_
-  std::vector<std::uint32_t> count_;  // per handle: number of property nodes
+  struct List {
+    std::uint32_t start = 0;  // offset into nodes_
+    std::uint32_t count = 0;  // number of property nodes
+  };
+  std::vector<List> lists_;           // per handle, side by side so that a lookup touches one line
   std::vector<bool> listed_;          // per handle: a list was recorded
   bool listed_without_handle_ = false;
   std::vector<pugi::xml_node> nodes_;

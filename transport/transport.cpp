@@ -9,8 +9,6 @@ namespace varnex {
 
 Transport::Transport() : impl_(std::make_unique<Impl>(*this)) { impl_->BuildEmptyDocument(); }
 Transport::~Transport() = default;
-Transport::Transport(Transport&& other) noexcept = default;
-Transport& Transport::operator=(Transport&& other) noexcept = default;
 
 void Transport::Impl::Release() {
   document.reset();

@@ -100,6 +100,8 @@ class Transport::Impl {
   Long MergeTransportIn(Long parent, const std::string& text);
   // The same, on text already loaded by the caller.
   Long MergeTransportIn(Long parent, pugi::xml_document& incoming);
+  // Copies an incoming component node and its whole subtree under the parent, without native
+  // recursion. Its "PROTOTYPE" elements are moved aside within the incoming document.
   void RecurseComponents(Long parent, pugi::xml_node node);
 
   // --- Domains (domains/) ------------------------------------------------------------------

@@ -5,7 +5,10 @@
 // adding a key that exists already is error 457.
 #pragma once
 
+#include <cstddef>
 #include <string>
+#include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include "varnex/object.hpp"
@@ -38,8 +41,8 @@ class Dictionary : public Object {
   std::string Fold(const std::string& key) const;
 
   CompareMethod mode_;
-  std::vector<std::pair<std::string, Variant>> entries_;
-  std::vector<std::string> folded_;  // the key as compared, per entry
+  std::vector<std::pair<std::string, Variant>> entries_;       // in insertion order
+  std::unordered_map<std::string, std::size_t> positions_;     // the key as compared -> entry
 };
 
 }  // namespace varnex

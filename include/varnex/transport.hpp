@@ -27,8 +27,7 @@ class Transport {
   // "PROPERTY_DOMAINS" sections.
   Transport();
   ~Transport();
-  Transport(Transport&&) noexcept;
-  Transport& operator=(Transport&&) noexcept;
+  // A Transport stays where it was created (hold it through a pointer to pass it around).
   Transport(const Transport&) = delete;
   Transport& operator=(const Transport&) = delete;
 
@@ -91,12 +90,21 @@ class Transport {
 
   // --- Attributes, attachments, prototypes --------------------------------------------------
 
+  // The value of a free attribute; a missing one fails with error 94. An unknown handle fails
+  // with 0x80040201 "GetCompAttribute: Invalid Handle" (source "Transport").
   std::string GetCompAttribute(Long lngHandle, const std::string& strAttributeName);
+  // Sets a free attribute; not a tracked change. Unknown handles as for GetCompAttribute.
   Boolean AddCompAttribute(Long lngHandle, const std::string& strAttributeName, const std::string& strAttributeValue);
+  // Keeps the first node of the XML text under the component; any non-zero blnPersist marks an
+  // element "persist"="true". Text that does not parse: 0x80040201 "Invalid XML supplied.".
   Boolean AddCompAttachment(Long lngHandle, const std::string& strXml, Boolean blnPersist = vbFalse);
+  // The XML of the first node that "ATTACHMENTS/" + strName selects (an XPath step: exact case).
+  // Nothing found: 0x80040201 "Attachment not found.".
   std::string GetCompAttachment(Long lngHandle, const std::string& strName);
+  // Adds a default property to a collection; anything else fails with 0x80040201.
   Boolean AddCompPrototypeProperty(Long lngHandle, const std::string& strPropertyName, const std::string& strValue = "");
-  // Prototype property name -> default value, in document order (binary compare).
+  // Prototype property name -> default value, in document order (binary compare); a repeated
+  // name fails with 457.
   Dictionary GetCompPrototypeProperties(Long lngHandle);
 
   // --- Change tracking and exchange ---------------------------------------------------------

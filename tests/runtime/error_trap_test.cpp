@@ -1,0 +1,96 @@
+// The error trap and the keyed lists that every operation relies on.
+#include <gtest/gtest.h>
+
+#include "runtime/keyed_map.hpp"
+#include "runtime/trap.hpp"
+
+namespace varnex {
+namespace {
+
+AutomationError Caught(const std::function<void()>& body) {
+  try {
+    body();
+  } catch (const AutomationError& error) {
+    return error;
+  }
+  ADD_FAILURE() << "no error was raised";
+  return AutomationError(0, "", "");
+}
+
+TEST(ErrorTrap, PrefixesKeepNumberAndSourceAndNest) {
+  const auto error = Caught([] {
+    Trap{"Outer"}.Run([] { Trap{"Inner"}.Run([]() -> int { throw AutomationError(77, "Src", "went wrong"); }); });
+  });
+  EXPECT_EQ(error.number(), 77);
+  EXPECT_EQ(error.source(), "Src");
+  EXPECT_EQ(error.description(), "Outer: Inner: went wrong");
+}
+
+TEST(ErrorTrap, TranslatesObjectRequiredOnlyWhereAsked) {
+  const auto unknown = [] { throw AutomationError::Runtime(errObjectRequired); };
+  const auto translated = Caught([&] { Trap{"AddComponent", kInvalidHandle}.Run(unknown); });
+  EXPECT_EQ(translated.number(), errObjectRequired);
+  EXPECT_EQ(translated.description(), "AddComponent: Invalid Handle");
+
+  const auto nested = Caught([&] {
+    Trap{"GetCompChild", kInvalidHandle}.Run([&] { Trap{"CheckAndRebuildChildIndexes"}.Run(unknown); });
+  });
+  EXPECT_EQ(nested.description(), "GetCompChild: Invalid Handle") << "the translation replaces inner prefixes";
+
+  const auto plain = Caught([&] { Trap{"ChiildOfCollection"}.Run(unknown); });
+  EXPECT_EQ(plain.description(), "ChiildOfCollection: Object required");
+
+  const auto other = Caught([] {
+    Trap{"AddComponent", kInvalidHandle}.Run([] { throw AutomationError::Runtime(errObjectNotSet); });
+  });
+  EXPECT_EQ(other.description(), "AddComponent: Object variable or With block variable not set");
+}
+
+TEST(ErrorTrap, CanReplaceTheSource) {
+  const auto error = Caught([] {
+    Trap{"AddCompPrototypeProperty", "Invalid Handle.", "Transport"}.Run(
+        [] { throw AutomationError::Runtime(errObjectRequired); });
+  });
+  EXPECT_EQ(error.source(), "Transport");
+  EXPECT_EQ(error.description(), "AddCompPrototypeProperty: Invalid Handle.");
+}
+
+TEST(ErrorTrap, SwallowAndIgnoreAnswerWithoutRaising) {
+  EXPECT_EQ(Swallow(0, []() -> int { throw AutomationError::Runtime(errSubscriptOutOfRange); }), 0);
+  EXPECT_EQ(Swallow(0, [] { return 5; }), 5);
+  bool reached = false;
+  IgnoreErrors([&] {
+    reached = true;
+    throw AutomationError::Runtime(errTypeMismatch);
+  });
+  EXPECT_TRUE(reached);
+}
+
+TEST(RuntimeErrors, CarryTheStandardTexts) {
+  EXPECT_EQ(AutomationError::Runtime(errDuplicateKey).description(),
+            "This key is already associated with an element of this collection");
+  EXPECT_EQ(AutomationError::Runtime(errOutOfStackSpace).description(), "Out of stack space");
+  const auto class_error = AutomationError::Class("Transport", "Invalid XML supplied.");
+  EXPECT_EQ(class_error.number(), -2147220991);
+  EXPECT_STREQ(class_error.what(), "Invalid XML supplied.");
+}
+
+TEST(KeyedMap, ReadOfAMissingKeyLeavesItBehind) {
+  KeyedMap<int> map(KeyCompare::Text);
+  EXPECT_FALSE(map.Exists("abc"));
+  EXPECT_EQ(map.Item("abc"), 0);
+  EXPECT_TRUE(map.Exists("ABC")) << "text compare ignores case, and the read added the key";
+  try {
+    map.Add("Abc", 1);
+    FAIL() << "adding a key left behind by a read must fail";
+  } catch (const AutomationError& error) {
+    EXPECT_EQ(error.number(), errDuplicateKey);
+  }
+  KeyedMap<int> binary;
+  binary.Add("a", 1);
+  binary.Add("A", 2);
+  EXPECT_EQ(binary.Item("a") + binary.Item("A"), 3);
+}
+
+}  // namespace
+}  // namespace varnex

@@ -1,0 +1,177 @@
+// The XML layer: loading rules, names, text, serialisation, XPath, and the document that keeps
+// removed nodes alive.
+#include <gtest/gtest.h>
+
+#include "runtime/xml.hpp"
+#include "runtime/xml_document.hpp"
+#include "varnex/automation_error.hpp"
+
+namespace varnex::xml {
+namespace {
+
+pugi::xml_document Loaded(const std::string& text) {
+  pugi::xml_document document;
+  EXPECT_TRUE(LoadText(document, text)) << text;
+  return document;
+}
+
+TEST(XmlLoading, DropsWhiteSpaceTextOutsidePreservedElements) {
+  auto document = Loaded("<A>\n  <B> x </B>\n  <C xml:space=\"preserve\">  <D>  </D></C>\n</A>");
+  EXPECT_EQ(Serialize(document), "<A><B> x </B><C xml:space=\"preserve\">  <D>  </D></C></A>");
+}
+
+TEST(XmlLoading, PreserveIsInheritedAndCanBeSwitchedOff) {
+  auto document =
+      Loaded("<A xml:space=\"preserve\"><B> </B><C xml:space=\"default\"><D> </D></C></A>");
+  EXPECT_EQ(Serialize(document), "<A xml:space=\"preserve\"><B> </B><C xml:space=\"default\"><D/></C></A>");
+}
+
+TEST(XmlLoading, KeepsCommentsDeclarationAndInstructions) {
+  auto document = Loaded("<?xml version=\"1.0\"?><!--c--><A><?pi data?><![CDATA[x<y]]></A>");
+  EXPECT_STREQ(document.first_child().name(), "xml");
+  EXPECT_EQ(document.first_child().next_sibling().type(), pugi::node_comment);
+  EXPECT_EQ(Text(document.document_element()), "x<y");
+}
+
+TEST(XmlLoading, RefusesTextThatIsNotOneWellFormedDocument) {
+  pugi::xml_document document;
+  for (const char* text : {"", "<A>", "<A></B>", "<A/><B/>", "<!--only a comment-->", "text"}) {
+    ASSERT_TRUE(LoadText(document, "<X/>"));
+    EXPECT_FALSE(LoadText(document, text)) << text;
+    EXPECT_FALSE(document.first_child()) << "a failed load leaves the document empty: " << text;
+  }
+}
+
+TEST(XmlNames, ChecksElementNames) {
+  for (const char* good : {"A", "_x", "a-b.c", "a:b", "É1", "名前"}) EXPECT_TRUE(IsElementName(good)) << good;
+  for (const char* bad : {"", "1A", "A B", "-a", "a<b", "\xff"}) EXPECT_FALSE(IsElementName(bad)) << bad;
+  try {
+    CheckElementName("1A");
+    FAIL() << "an invalid name must be refused";
+  } catch (const AutomationError& error) {
+    EXPECT_EQ(error.number(), errXml);
+    EXPECT_EQ(error.source(), "Varnex");
+    EXPECT_NE(error.description().find("1A"), std::string::npos);
+  }
+}
+
+TEST(XmlNames, LocalNamesIgnorePrefixesAndTestWithoutCase) {
+  auto document = Loaded("<p:Root xmlns:p=\"u\"><!--c-->text</p:Root>");
+  const pugi::xml_node root = document.document_element();
+  EXPECT_EQ(LocalName(root), "Root");
+  EXPECT_TRUE(LocalNameIs(root, "ROOT"));
+  EXPECT_FALSE(LocalNameIs(root, "ROO"));
+  EXPECT_EQ(LocalName(root.first_child()), "");
+  EXPECT_EQ(LocalName(document), "");
+  EXPECT_FALSE(ElementNamed(root, "p:root"));
+  EXPECT_TRUE(ElementNamed(root, "p:Root"));
+}
+
+TEST(XmlText, ConcatenatesDescendantText) {
+  auto document = Loaded("<A>one<B>two<C>three</C></B><!--not text-->four</A>");
+  EXPECT_EQ(Text(document.document_element()), "onetwothreefour");
+  EXPECT_EQ(Text(document.document_element().first_child()), "one");
+  EXPECT_EQ(Text(pugi::xml_node()), "");
+}
+
+TEST(XmlSerialisation, IsRawWithoutDeclarationAndEscapes) {
+  pugi::xml_document document;
+  pugi::xml_node a = AppendElement(document, "A");
+  a.append_attribute("v") = "\"<&>\"";
+  a.append_child(pugi::node_pcdata).set_value("1 < 2 & 3");
+  AppendElement(a, "B");
+  EXPECT_EQ(Serialize(document), "<A v=\"&quot;&lt;&amp;>&quot;\">1 &lt; 2 &amp; 3<B/></A>");
+  EXPECT_EQ(Serialize(a.child("B")), "<B/>");
+}
+
+TEST(XmlXPath, RunsCompiledExpressionsAndReportsBadOnes) {
+  auto document = Loaded("<R><COMPONENT><A/></COMPONENT><COLLECTION><A/></COLLECTION><COMPONENT><B/></COMPONENT></R>");
+  const pugi::xml_node root = document.document_element();
+  const auto all = SelectNodes(root, "./COLLECTION/* | ./COMPONENT/*");
+  ASSERT_EQ(all.size(), 3u);
+  EXPECT_EQ(all[0].node().parent().name(), std::string("COMPONENT")) << "unions come back in document order";
+  EXPECT_STREQ(SelectSingleNode(root, "./COMPONENT/B| ./COLLECTION/B").name(), "B");
+  EXPECT_FALSE(SelectSingleNode(root, "./COMPONENT/a"));
+  try {
+    SelectNodes(root, "./COMPONENT/A B");
+    FAIL() << "a name with a blank does not compile";
+  } catch (const AutomationError& error) {
+    EXPECT_EQ(error.number(), errXml);
+    EXPECT_NE(error.description().find("./COMPONENT/A B"), std::string::npos);
+  }
+}
+
+TEST(XmlWalk, VisitsInDocumentOrderAndCanSkipSubtrees) {
+  auto document = Loaded("<A><B><C/></B><D><E/></D></A>");
+  std::string seen;
+  WalkElements(document.document_element(), [&](pugi::xml_node element) {
+    seen += element.name();
+    return std::string(element.name()) != "B";
+  });
+  EXPECT_EQ(seen, "ABDE");
+}
+
+TEST(XmlWalk, HandlesVeryDeepTrees) {
+  pugi::xml_document document;
+  pugi::xml_node node = document;
+  for (int i = 0; i < 100000; ++i) node = node.append_child("N");
+  node.append_child(pugi::node_pcdata).set_value("deep");
+  int count = 0;
+  WalkElements(document.document_element(), [&](pugi::xml_node) { return ++count > 0; });
+  EXPECT_EQ(count, 100000);
+  EXPECT_EQ(Text(document), "deep");
+  EXPECT_EQ(Serialize(document).size(), 100000u * 7 + 4);
+}
+
+class DetachingDocument : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    root = doc.AppendElement(doc.document(), "R");
+    a = doc.AppendElement(root, "A");
+    b = doc.AppendElement(a, "B");
+    doc.AppendElement(root, "C");
+  }
+  XmlDocument doc;
+  pugi::xml_node root, a, b;
+};
+
+TEST_F(DetachingDocument, DetachedNodesStayAliveButLeaveTheVisibleTree) {
+  const auto before = doc.structure_version();
+  doc.Detach(a);
+  EXPECT_GT(doc.structure_version(), before);
+  EXPECT_EQ(doc.Serialize(), "<R><C/></R>");
+  EXPECT_FALSE(doc.ParentOf(a)) << "the top of a cut-out tree has no parent";
+  EXPECT_EQ(doc.ParentOf(b), a);
+  EXPECT_TRUE(doc.IsDetached(b));
+  EXPECT_FALSE(doc.IsDetached(root));
+  doc.AppendElement(b, "New");
+  EXPECT_EQ(Serialize(a), "<A><B><New/></B></A>");
+}
+
+TEST_F(DetachingDocument, SelectionsStayWithinTheContextsTree) {
+  doc.Detach(a);
+  EXPECT_EQ(doc.SelectNodes(root, "//B").size(), 0u);
+  EXPECT_EQ(doc.SelectNodes(root, "//*").size(), 2u);
+  EXPECT_EQ(doc.SelectNodes(a, "./B").size(), 1u);
+  EXPECT_EQ(doc.SelectSingleNode(a, "//C"), pugi::xml_node()) << "a cut-out tree does not see the document";
+}
+
+TEST_F(DetachingDocument, SetTextKeepsCutOutChildrenAlive) {
+  auto version = doc.structure_version();
+  EXPECT_EQ(doc.SetText(a, "x"), XmlDocument::TextChange::Elements);
+  EXPECT_GT(doc.structure_version(), version);
+  EXPECT_EQ(Serialize(a), "<A>x</A>");
+  EXPECT_FALSE(doc.ParentOf(b));
+  EXPECT_STREQ(b.name(), "B");
+
+  version = doc.structure_version();
+  EXPECT_EQ(doc.SetText(a, "changed in place"), XmlDocument::TextChange::InPlace);
+  EXPECT_EQ(doc.structure_version(), version) << "replacing a lone text changes no structure";
+  EXPECT_EQ(doc.SetText(a, ""), XmlDocument::TextChange::TextNodes);
+  EXPECT_EQ(Serialize(a), "<A/>");
+  EXPECT_EQ(doc.SetText(a, "again"), XmlDocument::TextChange::TextNodes);
+  EXPECT_EQ(Text(a), "again");
+}
+
+}  // namespace
+}  // namespace varnex::xml

@@ -1,0 +1,258 @@
+// Adding, finding and reading components and collections through handles.
+#include <gtest/gtest.h>
+
+#include "support/errors.hpp"
+#include "transport/transport_impl.hpp"
+#include "varnex/transport.hpp"
+
+namespace varnex {
+namespace {
+
+struct Read {
+  Long handle = -99;
+  std::string name = "unchanged";
+  enComponentStatus status = static_cast<enComponentStatus>(-7);
+  enComponentType type = static_cast<enComponentType>(-7);
+};
+
+Read Component(Transport& t, Long handle) {
+  Read r;
+  r.handle = t.GetComponent(handle, r.name, r.status, r.type);
+  return r;
+}
+
+Read Child(Transport& t, Long parent, Long k, Boolean ignore_deletes = vbFalse) {
+  Read r;
+  r.handle = t.GetCompChild(parent, k, r.name, r.status, r.type, ignore_deletes);
+  return r;
+}
+
+TEST(AddingComponents, WritesWrappersAndUpperCasedNamesAndIssuesHandles) {
+  Transport t;
+  EXPECT_EQ(t.AddComponent(0, "site"), 1);
+  EXPECT_EQ(t.AddComponent(0, "Site", csNew), 2);
+  const Long visits = t.AddCollection(1, "visits");
+  EXPECT_EQ(visits, 3);
+  EXPECT_EQ(t.AddComponent(visits, "visit", csModified), 4);
+  t.AddComponent(visits, "visit", csDeleted);
+  t.AddComponent(visits, "visit", static_cast<enComponentStatus>(9));
+  EXPECT_EQ(t.TransportDoc(),
+            "<TALVEN><DOMAIN/><PROPERTY_DOMAINS/>"
+            "<COMPONENT><SITE><COLLECTION><VISITS>"
+            "<COMPONENT><VISIT STATUS=\"MODIFIED\"/></COMPONENT>"
+            "<COMPONENT><VISIT STATUS=\"DELETED\"/></COMPONENT>"
+            "<COMPONENT><VISIT/></COMPONENT>"
+            "</VISITS></COLLECTION></SITE></COMPONENT>"
+            "<COMPONENT><SITE STATUS=\"NEW\"/></COMPONENT></TALVEN>");
+}
+
+TEST(AddingComponents, NonAsciiNamesAreUpperCased) {
+  Transport t;
+  const Long h = t.AddComponent(0, "café");
+  EXPECT_EQ(Component(t, h).name, "CAFÉ");
+}
+
+TEST(AddingComponents, UnknownParentsFail) {
+  Transport t;
+  EXPECT_AUTOMATION_ERROR(t.AddComponent(99, "x"), errObjectRequired, "AddComponent: Invalid Handle");
+  EXPECT_AUTOMATION_ERROR(t.AddCollection(-1, "x"), errObjectRequired, "AddCollection: Invalid Handle");
+  EXPECT_EQ(t.AddComponent(0, "first"), 1) << "a failed addition issues no handle";
+}
+
+TEST(AddingComponents, AnInvalidNameLeavesAnEmptyWrapperThatLaterCountsAsAChild) {
+  Transport t;
+  t.AddComponent(0, "a");
+  EXPECT_EQ(t.CountCompChildren(0), 1);
+  const auto error = testing::ErrorOf([&] { t.AddComponent(0, "two words"); });
+  EXPECT_EQ(error.number(), errXml);
+  EXPECT_EQ(error.description().rfind("AddComponent: ", 0), 0u) << error.description();
+  EXPECT_AUTOMATION_ERROR(t.AddCollection(0, ""), errXml, "AddCollection: The name '' is not a valid XML element name.");
+  EXPECT_EQ(t.TransportDoc(), "<TALVEN><DOMAIN/><PROPERTY_DOMAINS/><COMPONENT><A/></COMPONENT><COMPONENT/><COLLECTION/></TALVEN>");
+  EXPECT_EQ(t.CountCompChildren(0), 1) << "a failed addition does not mark the index stale";
+
+  EXPECT_EQ(t.AddComponent(0, "b"), 2);
+  EXPECT_EQ(t.CountCompChildren(0), 4) << "empty wrappers count as children once the index is rebuilt";
+  const Read empty = Child(t, 0, 2);
+  EXPECT_EQ(empty.handle, 0);
+  EXPECT_EQ(empty.name, "TALVEN");
+  EXPECT_EQ(Child(t, 0, 4).name, "B");
+}
+
+TEST(ReadingComponents, GetComponentReportsNameStatusAndType) {
+  Transport t;
+  const Long site = t.AddComponent(0, "site", csModified);
+  const Long visits = t.AddCollection(site, "visits");
+  Read r = Component(t, site);
+  EXPECT_EQ(r.handle, 1);
+  EXPECT_EQ(r.name, "SITE");
+  EXPECT_EQ(r.status, csModified);
+  EXPECT_EQ(r.type, ctComponent);
+  r = Component(t, visits);
+  EXPECT_EQ(r.type, ctcollection);
+  EXPECT_EQ(r.status, csNormal);
+
+  r = Component(t, 0);
+  EXPECT_EQ(r.name, "TALVEN");
+  EXPECT_EQ(r.type, static_cast<enComponentType>(-7)) << "the root has no wrapper: the type stays as passed";
+  EXPECT_EQ(r.status, csNormal);
+
+  EXPECT_AUTOMATION_ERROR(Component(t, 42), errObjectRequired, "GetComponent: Invalid Handle");
+  EXPECT_EQ(t.GetComponentStatus(site), csModified);
+  EXPECT_AUTOMATION_ERROR(t.GetComponentStatus(42), errObjectRequired, "GetComponentStatus: Invalid Handle");
+}
+
+TEST(ReadingComponents, ChildrenComeLiveFirstThenDeleted) {
+  Transport t;
+  const Long p = t.AddComponent(0, "p");
+  const Long first = t.AddComponent(p, "first");
+  const Long gone = t.AddCollection(p, "gone");
+  t.impl().document->document();  // the status is read from the document at rebuild time
+  t.impl().NodeOf(gone).append_attribute("STATUS") = "deleted";
+  const Long third = t.AddComponent(p, "third");
+
+  EXPECT_EQ(t.CountCompChildren(p), 3);
+  EXPECT_EQ(t.CountCompChildren(p, vbTrue), 2);
+  EXPECT_EQ(t.CountCompChildren(p, 1), 3) << "only exactly True leaves the deleted out";
+  EXPECT_EQ(Child(t, p, 1).handle, first);
+  EXPECT_EQ(Child(t, p, 2).handle, third);
+  const Read deleted = Child(t, p, 3);
+  EXPECT_EQ(deleted.handle, gone);
+  EXPECT_EQ(deleted.status, csDeleted);
+  EXPECT_EQ(deleted.type, ctcollection);
+  EXPECT_EQ(Child(t, p, 3, 1).handle, 0) << "any non-zero value ignores the deleted ones here";
+  EXPECT_EQ(t.CountCompChildren(99), 0);
+}
+
+TEST(ReadingComponents, APositionBeyondTheChildrenAnswersTheRoot) {
+  Transport t;
+  t.AddComponent(0, "a");
+  t.AddComponent(0, "b");
+  const Read r = Child(t, 0, 5);
+  EXPECT_EQ(r.handle, 0);
+  EXPECT_EQ(r.name, "TALVEN");
+  EXPECT_EQ(r.type, ctComponent);
+  EXPECT_EQ(r.status, csNormal);
+  EXPECT_EQ(Child(t, 77, 1).handle, 0);
+}
+
+TEST(ReadingComponents, AReadWithIgnoreDeletesLeavesItsKeyBehindUntilTheNextRebuild) {
+  Transport t;
+  const Long live = t.AddComponent(0, "live");
+  const Long gone = t.AddComponent(0, "gone", csDeleted);
+  EXPECT_EQ(Child(t, 0, 2).handle, gone);
+  EXPECT_EQ(Child(t, 0, 2, vbTrue).handle, 0);
+  EXPECT_EQ(Child(t, 0, 2).handle, 0) << "the key left behind now answers handle 0";
+  t.AddComponent(0, "later");
+  EXPECT_EQ(Child(t, 0, 3).handle, gone) << "a rebuild forgets the keys left behind";
+  EXPECT_EQ(Child(t, 0, 1).handle, live);
+}
+
+TEST(ReadingComponents, RemovingAStatusDoesNotMoveTheChildUntilARebuild) {
+  Transport t;
+  const Long gone = t.AddComponent(0, "gone", csDeleted);
+  EXPECT_EQ(t.CountCompChildren(0, vbTrue), 0);
+  t.RemoveComponentStatus(gone);
+  EXPECT_EQ(t.GetComponentStatus(gone), csNormal);
+  EXPECT_EQ(t.CountCompChildren(0, vbTrue), 0) << "still counted as deleted";
+  t.AddComponent(0, "other");
+  EXPECT_EQ(t.CountCompChildren(0, vbTrue), 2);
+}
+
+TEST(ReadingComponents, AComponentNamedLikeTheRootMakesItsChildrenTopLevel) {
+  Transport t;
+  const Long odd = t.AddComponent(0, "talven");
+  t.AddComponent(odd, "inner");
+  EXPECT_EQ(t.CountCompChildren(0), 2);
+  EXPECT_EQ(t.CountCompChildren(odd), 0);
+  EXPECT_EQ(Child(t, 0, 2).name, "INNER");
+}
+
+TEST(FindingComponents, FindsByNameInAnyCaseThroughXPath) {
+  Transport t;
+  const Long site = t.AddComponent(0, "site");
+  const Long visits = t.AddCollection(site, "visits");
+  const Long visit = t.AddComponent(visits, "visit");
+  EXPECT_EQ(t.FindChildCompByName(0, "Site"), site);
+  EXPECT_EQ(t.FindChildCompByName(site, "VISITS"), visits);
+  EXPECT_EQ(t.FindChildCompByName(visits, "visit"), visit);
+  EXPECT_EQ(t.FindChildCompByName(site, "visit"), 0) << "only direct children";
+  EXPECT_EQ(t.FindChildCompByName(visit, "x"), 0);
+  EXPECT_EQ(t.FindChildCompByName(0, "*"), site) << "the name is an XPath step";
+  const auto error = testing::ErrorOf([&] { t.FindChildCompByName(0, "two words"); });
+  EXPECT_EQ(error.number(), errXml);
+  EXPECT_EQ(error.description().rfind("FindChildCompByName: XPath error", 0), 0u) << error.description();
+  EXPECT_AUTOMATION_ERROR(t.FindChildCompByName(9, "x"), errObjectRequired, "FindChildCompByName: Invalid Handle");
+}
+
+TEST(ComponentXml, GivesTheWrapperUnderTheRootWithTheDomainSections) {
+  Transport t;
+  const Long site = t.AddComponent(0, "site", csNew);
+  t.AddComponent(site, "room");
+  const std::string before = t.TransportDoc();
+  EXPECT_EQ(t.GetComponentXML(site),
+            "<TALVEN><COMPONENT><SITE STATUS=\"NEW\"><COMPONENT><ROOM/></COMPONENT></SITE></COMPONENT>"
+            "<DOMAIN/><PROPERTY_DOMAINS/></TALVEN>");
+  EXPECT_EQ(t.TransportDoc(), before) << "the own document keeps everything";
+  for (Long bad : {0, 99}) {
+    const auto error = testing::ErrorOf([&] { t.GetComponentXML(bad); });
+    EXPECT_EQ(error.number(), errClass);
+    EXPECT_EQ(error.source(), "Transport");
+    EXPECT_EQ(error.description(), "Error retrieving component xml.");
+  }
+}
+
+TEST(CollectionMembership, NamesTheDirectlyHoldingCollection) {
+  Transport t;
+  const Long site = t.AddComponent(0, "site");
+  const Long visits = t.AddCollection(site, "visits");
+  const Long visit = t.AddComponent(visits, "visit");
+  const Long detail = t.AddComponent(visit, "detail");
+  EXPECT_EQ(t.ChildOfCollection(visit), "VISITS");
+  EXPECT_EQ(t.ChildOfCollection(site), "");
+  EXPECT_EQ(t.ChildOfCollection(visits), "");
+  EXPECT_EQ(t.ChildOfCollection(detail), "");
+  EXPECT_AUTOMATION_ERROR(t.ChildOfCollection(99), errObjectRequired, "ChiildOfCollection: Object required");
+  EXPECT_AUTOMATION_ERROR(t.ChildOfCollection(0), errObjectNotSet,
+                          "ChiildOfCollection: Object variable or With block variable not set");
+}
+
+TEST(ComponentStatus, RemovingItClearsTheComponentAndItsPropertyMarksOnly) {
+  Transport t;
+  const Long site = t.AddComponent(0, "site", csModified);
+  const Long child = t.AddComponent(site, "child", csNew);
+  pugi::xml_node element = t.impl().NodeOf(site);
+  pugi::xml_node property = element.prepend_child("PROPERTIES").append_child("NAME");
+  property.append_attribute("STATUS") = "MODIFIED";
+  property.append_attribute("ORIGINAL") = "old";
+  property.append_attribute("OTHER") = "kept";
+  t.RemoveComponentStatus(site);
+  EXPECT_EQ(t.GetComponentStatus(site), csNormal);
+  EXPECT_EQ(t.GetComponentStatus(child), csNew);
+  EXPECT_FALSE(property.attribute("STATUS"));
+  EXPECT_FALSE(property.attribute("ORIGINAL"));
+  EXPECT_TRUE(property.attribute("OTHER"));
+  EXPECT_AUTOMATION_ERROR(t.RemoveComponentStatus(99), errObjectRequired, "Object required");
+}
+
+TEST(RemovedComponents, HandlesKeepAnsweringForCutOutSubtrees) {
+  Transport t;
+  const Long site = t.AddComponent(0, "site");
+  const Long room = t.AddComponent(site, "room", csModified);
+  t.impl().document->Detach(t.impl().ParentOf(t.impl().NodeOf(site)));
+  t.impl().child_indexes_dirty = true;
+
+  EXPECT_EQ(t.CountCompChildren(0), 0);
+  EXPECT_EQ(t.TransportDoc(), "<TALVEN><DOMAIN/><PROPERTY_DOMAINS/></TALVEN>");
+  EXPECT_EQ(Component(t, room).name, "ROOM");
+  EXPECT_EQ(t.GetComponentStatus(room), csModified);
+  const Long added = t.AddComponent(site, "late");
+  EXPECT_EQ(t.FindChildCompByName(site, "late"), added);
+  EXPECT_EQ(t.CountCompChildren(site), 0) << "a cut-out tree is not indexed";
+  EXPECT_EQ(t.FindChildCompByName(0, "site"), 0);
+  EXPECT_AUTOMATION_ERROR(t.ChildOfCollection(site), errObjectNotSet,
+                          "ChiildOfCollection: Object variable or With block variable not set");
+  EXPECT_EQ(t.GetComponentXML(room), "<TALVEN><COMPONENT><ROOM STATUS=\"MODIFIED\"/></COMPONENT><DOMAIN/><PROPERTY_DOMAINS/></TALVEN>");
+}
+
+}  // namespace
+}  // namespace varnex

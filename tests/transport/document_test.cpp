@@ -1,0 +1,101 @@
+// The Transport object, its empty document, the root name and the whole-document text.
+#include <gtest/gtest.h>
+
+#include "support/errors.hpp"
+#include "transport/node_status.hpp"
+#include "varnex/transport.hpp"
+
+namespace varnex {
+namespace {
+
+constexpr const char* kEmpty = "<TALVEN><DOMAIN/><PROPERTY_DOMAINS/></TALVEN>";
+
+TEST(TransportDocument, NewObjectHoldsTheEmptyDocument) {
+  Transport transport;
+  EXPECT_EQ(transport.RootName(), "TALVEN");
+  EXPECT_EQ(transport.TransportDoc(), kEmpty);
+  EXPECT_EQ(transport.GenerateTransportDoc(tmFull), kEmpty);
+  EXPECT_EQ(transport.GenerateTransportDoc(static_cast<enTransportMode>(7)), "");
+  EXPECT_EQ(transport.CountCompChildren(0), 0);
+}
+
+TEST(TransportDocument, SettingTheRootNameDiscardsEverything) {
+  Transport transport;
+  const Long site = transport.AddComponent(0, "site");
+  transport.RootName("Survey");
+  EXPECT_EQ(transport.RootName(), "Survey");
+  EXPECT_EQ(transport.TransportDoc(), "<Survey><DOMAIN/><PROPERTY_DOMAINS/></Survey>");
+  EXPECT_AUTOMATION_ERROR(transport.GetComponentStatus(site), errObjectRequired, "GetComponentStatus: Invalid Handle");
+  EXPECT_EQ(transport.AddComponent(0, "again"), 1) << "handles start again at 1";
+}
+
+TEST(TransportDocument, AnInvalidRootNameLeavesNoRoot) {
+  Transport transport;
+  const auto error = testing::ErrorOf([&] { transport.RootName("1st"); });
+  EXPECT_EQ(error.number(), errXml);
+  EXPECT_EQ(error.description().rfind("LetRootName: ", 0), 0u) << error.description();
+  EXPECT_EQ(transport.RootName(), "1st");
+  EXPECT_EQ(transport.TransportDoc(), "");
+  EXPECT_AUTOMATION_ERROR(transport.AddComponent(0, "a"), errObjectRequired, "AddComponent: Invalid Handle");
+}
+
+TEST(TransportDocument, LoadingTakesTheRootNameFromTheText) {
+  Transport transport;
+  transport.AddComponent(0, "old");
+  transport.TransportDoc("<SURVEY><DOMAIN/><PROPERTY_DOMAINS/></SURVEY>");
+  EXPECT_EQ(transport.RootName(), "SURVEY");
+  EXPECT_EQ(transport.CountCompChildren(0), 0);
+  EXPECT_EQ(transport.AddComponent(0, "new"), 1);
+
+  transport.TransportDoc("<?xml version=\"1.0\"?><SURVEY/>");
+  EXPECT_EQ(transport.RootName(), "xml") << "the first node names the root, even a declaration";
+}
+
+TEST(TransportDocument, LoadingTextThatDoesNotParseLeavesAnEmptyTalven) {
+  Transport transport;
+  transport.RootName("OTHER");
+  transport.AddComponent(0, "old");
+  const auto error = testing::ErrorOf([&] { transport.TransportDoc("<A><B></A>"); });
+  EXPECT_EQ(error.number(), errObjectNotSet);
+  EXPECT_EQ(error.description(), "GetTransportDoc: Object variable or With block variable not set");
+  EXPECT_EQ(transport.RootName(), "TALVEN");
+  EXPECT_EQ(transport.TransportDoc(), kEmpty);
+}
+
+TEST(TransportDocument, LoadingTextThatStartsWithACommentFailsOnTheRootName) {
+  Transport transport;
+  const auto error = testing::ErrorOf([&] { transport.TransportDoc("<!--note--><A/>"); });
+  EXPECT_EQ(error.number(), errXml);
+  EXPECT_EQ(error.description().rfind("GetTransportDoc: LetRootName: ", 0), 0u) << error.description();
+}
+
+TEST(NodeStatus, ReadsTrimmedTextWithoutRegardToCase) {
+  pugi::xml_document document;
+  pugi::xml_node node = document.append_child("N");
+  EXPECT_EQ(GetNodeStatus(pugi::xml_node()), csNormal);
+  EXPECT_EQ(GetNodeStatus(node), csNormal);
+  const std::pair<const char*, enComponentStatus> cases[] = {
+      {"NEW", csNew},          {"  modified ", csModified}, {"Deleted", csDeleted}, {"", csNormal},
+      {"\tNEW", csNormal},     {"REMOVED", csNormal},       {"NEW NEW", csNormal},
+  };
+  for (const auto& [text, status] : cases) {
+    SetAttribute(node, "STATUS", text);
+    EXPECT_EQ(GetNodeStatus(node), status) << '"' << text << '"';
+  }
+  node.remove_attribute("STATUS");
+  node.append_attribute("status") = "NEW";
+  EXPECT_EQ(GetNodeStatus(node), csNormal) << "the attribute name itself is exact";
+}
+
+TEST(NodeStatus, WritesNormalAsNoAttribute) {
+  pugi::xml_document document;
+  pugi::xml_node node = document.append_child("N");
+  WriteStatus(node, csNormal);
+  WriteStatus(node, 42);
+  EXPECT_FALSE(node.attribute("STATUS"));
+  WriteStatus(node, csDeleted);
+  EXPECT_STREQ(node.attribute("STATUS").value(), "DELETED");
+}
+
+}  // namespace
+}  // namespace varnex

@@ -1,0 +1,52 @@
+// Prototypes: default properties kept on collections.
+#include <gtest/gtest.h>
+
+#include "runtime/xml.hpp"
+#include "support/errors.hpp"
+#include "transport/transport_impl.hpp"
+#include "varnex/transport.hpp"
+
+namespace varnex {
+namespace {
+
+void ExpectTransportError(const AutomationError& error, Long number, const std::string& description) {
+  EXPECT_EQ(error.number(), number);
+  EXPECT_EQ(error.source(), "Transport");
+  EXPECT_EQ(error.description(), description);
+}
+
+TEST(Prototypes, CollectionsKeepDefaultsInOrderAndComponentsRefuseThem) {
+  Transport t;
+  const Long visits = t.AddCollection(0, "visits");
+  const Long visit = t.AddComponent(visits, "visit");
+  EXPECT_EQ(t.AddCompPrototypeProperty(visits, "Colour", "red"), vbTrue);
+  t.AddCompPrototypeProperty(visits, "size");
+  EXPECT_EQ(xml::Serialize(t.impl().NodeOf(visits)),
+            "<VISITS><COMPONENT><VISIT/></COMPONENT><PROTOTYPE><COLOUR>red</COLOUR><SIZE/></PROTOTYPE></VISITS>");
+  Dictionary defaults = t.GetCompPrototypeProperties(visits);
+  EXPECT_EQ(defaults.Keys(), (std::vector<std::string>{"COLOUR", "SIZE"}));
+  EXPECT_EQ(defaults.Item("COLOUR").AsString(), "red");
+  EXPECT_FALSE(defaults.Exists("colour")) << "keys compare exactly";
+  EXPECT_EQ(t.GetCompPrototypeProperties(visit).Count(), 0);
+  ExpectTransportError(testing::ErrorOf([&] { t.AddCompPrototypeProperty(visit, "a"); }), errClass,
+                       "AddCompPrototypeProperty: Invalid handle.  Handle must be a collection.");
+}
+
+TEST(Prototypes, Failures) {
+  Transport t;
+  const Long visits = t.AddCollection(0, "visits");
+  ExpectTransportError(testing::ErrorOf([&] { t.AddCompPrototypeProperty(99, "a"); }), errObjectRequired,
+                       "AddCompPrototypeProperty: Invalid Handle.");
+  ExpectTransportError(testing::ErrorOf([&] { t.GetCompPrototypeProperties(99); }), errObjectRequired,
+                       "GetCompPrototypeProperties: Invalid Handle.");
+  ExpectTransportError(testing::ErrorOf([&] { t.AddCompPrototypeProperty(visits, "two words"); }), errXml,
+                       "AddCompPrototypeProperty: The name 'TWO WORDS' is not a valid XML element name.");
+  EXPECT_EQ(xml::Serialize(t.impl().NodeOf(visits)), "<VISITS><PROTOTYPE/></VISITS>");
+  t.AddCompPrototypeProperty(visits, "colour", "red");
+  t.AddCompPrototypeProperty(visits, "Colour", "blue");
+  ExpectTransportError(testing::ErrorOf([&] { t.GetCompPrototypeProperties(visits); }), errDuplicateKey,
+                       "GetCompPrototypeProperties: This key is already associated with an element of this collection");
+}
+
+}  // namespace
+}  // namespace varnex

@@ -1,0 +1,161 @@
+// Component properties: the child nodes of a component's "PROPERTIES" element, numbered from 1,
+// and the change marks that a modification leaves on them.
+#include <string_view>
+
+#include "runtime/text.hpp"
+#include "runtime/trap.hpp"
+#include "runtime/xml.hpp"
+#include "transport/node_status.hpp"
+#include "transport/transport_impl.hpp"
+
+namespace varnex {
+namespace {
+
+// The container that properties are added to: the first child named "PROPERTIES" in any case.
+pugi::xml_node FindPropertyList(pugi::xml_node element) {
+  for (pugi::xml_node child = element.first_child(); child; child = child.next_sibling()) {
+    if (xml::LocalNameIs(child, "PROPERTIES")) return child;
+  }
+  return {};
+}
+
+// The k-th property node of a component as the index holds it; error 424 when there is none.
+pugi::xml_node PropertyAt(const PropertyIndex& index, Long handle, Long k) {
+  const pugi::xml_node property = index.At(handle, k);
+  if (!property) throw AutomationError::Runtime(errObjectRequired);
+  return property;
+}
+
+// A property's value without a copy where it is held as one text node, the usual case.
+bool TextEquals(pugi::xml_node property, std::string_view value) {
+  const pugi::xml_node only = property.first_child();
+  if (property.type() == pugi::node_element && only && !only.next_sibling() && only.type() == pugi::node_pcdata) {
+    return value == only.value();
+  }
+  return value == xml::Text(property);
+}
+
+}  // namespace
+
+Long Transport::AddCompProperty(Long lngComponent, const std::string& strPropName, const std::string& strPropVal,
+                                enComponentStatus enStatus, const std::string& strPropOriginal) {
+  return Trap{"AddCompProperty", kInvalidHandle}.Run([&] {
+    xml::XmlDocument& doc = impl_->Document();
+    const pugi::xml_node element = impl_->NodeOf(lngComponent);
+    pugi::xml_node list = FindPropertyList(element);
+    if (!list) list = doc.AppendElement(element, "PROPERTIES");
+    const pugi::xml_node property = doc.AppendElement(list, UCase(strPropName));
+    SetAttribute(property, "xml:space", "preserve");  // always the first attribute
+    doc.SetText(property, strPropVal);
+    WriteStatus(property, enStatus);
+    if (!strPropOriginal.empty()) SetAttribute(property, "ORIGINAL", strPropOriginal.c_str());
+    impl_->prop_indexes_dirty = true;
+    return Long{1};
+  });
+}
+
+Long Transport::CountCompProperties(Long lngParent) {
+  return Swallow(Long{0}, [&] {
+    impl_->CheckAndRebuildPropIndexes();
+    return impl_->properties.Count(lngParent);
+  });
+}
+
+Long Transport::FindCompPropertyByName(Long lngParent, const std::string& strProperty) {
+  return Trap{"FindCompPropertyByName", kInvalidHandle}.Run([&] {
+    const pugi::xml_node element = impl_->NodeOf(lngParent);
+    if (!element.first_child()) return Long{0};
+    // Unlike the container lookup of AddCompProperty, this one matches the name exactly.
+    pugi::xml_node list = element.first_child();
+    while (list && !xml::ElementNamed(list, "PROPERTIES")) list = list.next_sibling();
+    if (!list) throw AutomationError::Runtime(errObjectNotSet);
+    Long position = 1;
+    for (pugi::xml_node property = list.first_child(); property; property = property.next_sibling(), ++position) {
+      if (xml::LocalNameIs(property, strProperty)) return position;
+    }
+    return Long{0};
+  });
+}
+
+std::string Transport::GetCompProperty(Long lngComp, Long lngProperty, std::string& strValue,
+                                       enComponentStatus& status, std::string& strOriginal) {
+  return Trap{"GetCompProperty", kInvalidHandle}.Run([&] {
+    impl_->CheckAndRebuildPropIndexes();
+    const pugi::xml_node property = PropertyAt(impl_->properties, lngComp, lngProperty);
+    strValue = xml::Text(property);
+    std::string name(xml::LocalName(property));
+    strOriginal = property.attribute("ORIGINAL").value();
+    status = GetNodeStatus(property);
+    return name;
+  });
+}
+
+enComponentStatus Transport::GetCompPropStatus(Long lngHandle, Long lngProperty) {
+  return Trap{"GetCompPropStatus", kInvalidHandle}.Run([&] {
+    std::string value;
+    std::string original;
+    enComponentStatus status = csNormal;
+    const std::string name = GetCompProperty(lngHandle, lngProperty, value, status, original);
+    if (name.empty()) return static_cast<enComponentStatus>(-1);  // a text or comment node
+    if (value.empty()) return csNormal;                           // whatever "STATUS" says
+    return status;
+  });
+}
+
+// Attribute writes on a position that holds no element (a text or comment node between the
+// property elements) are no-ops, as reading attributes from one gives nothing: such a node only
+// takes the new text.
+Boolean Transport::ModifyCompProperty(Long lngHandle, Long lngProperty, const std::string& strValue) {
+  return Trap{"ModifyCompProperty"}.Run([&] {
+    impl_->CheckAndRebuildChildIndexes();
+    impl_->CheckAndRebuildPropIndexes();
+    const pugi::xml_node property = PropertyAt(impl_->properties, lngHandle, lngProperty);
+    const pugi::xml_node component = impl_->NodeOf(lngHandle);
+    const enComponentStatus component_status = GetNodeStatus(component);
+    const enComponentStatus property_status = GetNodeStatus(property);
+    if (TextEquals(property, strValue)) return vbTrue;
+
+    xml::XmlDocument& doc = *impl_->document;
+    const std::uint64_t version = doc.structure_version();
+    const bool index_was_current = impl_->properties.IsCurrent(version);
+    Boolean result = vbFalse;
+    xml::XmlDocument::TextChange change = xml::XmlDocument::TextChange::InPlace;
+    switch (component_status) {
+      case csNormal: {
+        const std::string old_value = xml::Text(property);
+        SetAttribute(component, "STATUS", "MODIFIED");
+        SetAttribute(property, "ORIGINAL", old_value.c_str());
+        SetAttribute(property, "STATUS", "MODIFIED");
+        change = doc.SetText(property, strValue);
+        result = vbTrue;
+        break;
+      }
+      case csModified:
+        if (property_status == csModified) {
+          change = doc.SetText(property, strValue);
+        } else {
+          const std::string old_value = xml::Text(property);
+          change = doc.SetText(property, strValue);
+          SetAttribute(property, "STATUS", "MODIFIED");
+          SetAttribute(property, "ORIGINAL", old_value.c_str());
+        }
+        result = vbTrue;
+        break;
+      case csNew:
+        change = doc.SetText(property, strValue);
+        result = vbTrue;
+        break;
+      case csDeleted:
+        break;
+    }
+    // A value that gained or lost its text node changes no property list: the index built
+    // before still holds, and the next read need not rebuild it.
+    if (index_was_current && change == xml::XmlDocument::TextChange::TextNodes) {
+      impl_->properties.MarkBuilt(doc.structure_version());
+    }
+    impl_->prop_indexes_dirty = true;
+    return result;
+  });
+}
+
+}  // namespace varnex

@@ -4,7 +4,7 @@
 namespace varnex {
 namespace {
 
-using testing::Failure;
+using testing::ErrorOf;
 using testing::Occurrences;
 
 constexpr Long kDepth = 100000;
@@ -13,7 +13,7 @@ constexpr Long kDepth = 100000;
 void BuildChain(Transport& transport, enComponentStatus status) {
   for (Long level = 1; level <= kDepth; ++level) {
     transport.AddComponent(level - 1, "N", status);
-    testing::AddProperty(transport, level, "V", std::to_string(level));
+    transport.AddCompProperty(level, "V", std::to_string(level));
   }
 }
 
@@ -47,22 +47,22 @@ TEST(DeepDocument, GenerateUpdateResetDelete) {
 TEST(DeepDocument, FailuresCarryOnePrefixPerLevel) {
   Transport transport;
   BuildChain(transport, csNormal);
-  EXPECT_EQ(Failure([&] { transport.AddComponent(kDepth, ""); }).number(), errXml);  // leaves a wrapper
+  EXPECT_EQ(ErrorOf([&] { transport.AddComponent(kDepth, ""); }).number(), errXml);  // leaves a wrapper
 
   // The root, kDepth components, then the missing one.
-  const AutomationError trim = Failure([&] { transport.GenerateTransportDoc(tmShort); });
+  const AutomationError trim = ErrorOf([&] { transport.GenerateTransportDoc(tmShort); });
   EXPECT_EQ(trim.description().rfind("GenerateTransportDoc: GetModifiedXML: TrimDocument: ", 0), 0u);
   EXPECT_EQ(Occurrences(trim.description(), "TrimDocument: "), std::size_t{kDepth + 2});
 
   // One level deeper than the own chain.
   std::string returned = transport.GenerateTransportDoc(tmMedium);
   returned.replace(returned.find("<COMPONENT/>"), 12, "<COMPONENT><N><COMPONENT><N/></COMPONENT></N></COMPONENT>");
-  const AutomationError update = Failure([&] { transport.UpdateDocument(returned); });
+  const AutomationError update = ErrorOf([&] { transport.UpdateDocument(returned); });
   EXPECT_EQ(update.number(), errObjectNotSet);
   EXPECT_EQ(Occurrences(update.description(), "RecurseCopyProperties: "), std::size_t{kDepth + 1});
 
   // The deletion walk reaches the root through the empty wrapper and comes back to handle 1.
-  const AutomationError deletion = Failure([&] { transport.DeleteComponent(1); });
+  const AutomationError deletion = ErrorOf([&] { transport.DeleteComponent(1); });
   EXPECT_EQ(deletion.number(), errOutOfStackSpace);
   EXPECT_EQ(Occurrences(deletion.description(), "RecurseDeleteComponent: "), std::size_t{kDepth + 2});
 }

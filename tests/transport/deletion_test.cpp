@@ -6,7 +6,7 @@ namespace {
 
 using testing::Adopt;
 using testing::Components;
-using testing::Failure;
+using testing::ErrorOf;
 
 TEST(DeleteComponent, MarksTheSubtreeAndCutsOutNewOnes) {
   Transport transport;  // S 1, V 2, M 3 (modified), N 4 (new), D 5 (deleted), E 6
@@ -44,7 +44,7 @@ TEST(DeleteComponent, HandlesOfCutOutComponentsKeepAnswering) {
   EXPECT_EQ(transport.CountCompChildren(visits), 0);
   EXPECT_EQ(transport.DeleteComponent(visits), vbTrue);
   EXPECT_EQ(transport.GetComponentStatus(visit), csDeleted);
-  EXPECT_EQ(Failure([&] { transport.DeleteComponent(site); }).description(),
+  EXPECT_EQ(ErrorOf([&] { transport.DeleteComponent(site); }).description(),
             "DeleteComponent: RecurseDeleteComponent: Object variable or With block variable not set");
   EXPECT_EQ(transport.impl().HardDeleteComponent(visits), vbTrue);
   EXPECT_EQ(Components(transport), "");
@@ -53,16 +53,14 @@ TEST(DeleteComponent, HandlesOfCutOutComponentsKeepAnswering) {
 TEST(DeleteComponent, Failures) {
   Transport transport;
   const Long site = transport.AddComponent(0, "Site");
-  const AutomationError unknown = Failure([&] { transport.DeleteComponent(99); });
-  EXPECT_EQ(unknown.number(), errObjectRequired);
-  EXPECT_EQ(unknown.description(), "DeleteComponent: RecurseDeleteComponent: Object required");
+  EXPECT_AUTOMATION_ERROR(transport.DeleteComponent(99), errObjectRequired,
+                          "DeleteComponent: RecurseDeleteComponent: Object required");
 
   // A failed addition leaves an empty wrapper, read as handle 0: the root, which leads back.
-  EXPECT_EQ(Failure([&] { transport.AddComponent(site, ""); }).number(), errXml);
-  const AutomationError loop = Failure([&] { transport.DeleteComponent(site); });
-  EXPECT_EQ(loop.number(), errOutOfStackSpace);
-  EXPECT_EQ(loop.description(), "DeleteComponent: RecurseDeleteComponent: RecurseDeleteComponent: "
-                                "RecurseDeleteComponent: Out of stack space");
+  EXPECT_EQ(ErrorOf([&] { transport.AddComponent(site, ""); }).number(), errXml);
+  EXPECT_AUTOMATION_ERROR(transport.DeleteComponent(site), errOutOfStackSpace,
+                          "DeleteComponent: RecurseDeleteComponent: RecurseDeleteComponent: "
+                          "RecurseDeleteComponent: Out of stack space");
   EXPECT_EQ(transport.GetComponentStatus(0), csDeleted);  // marked before the walk came back
 }
 

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include "runtime/xml.hpp"
+#include "support/errors.hpp"
 #include "transport/transport_impl.hpp"
 #include "varnex/varnex.hpp"
 
@@ -28,17 +29,6 @@ inline void Adopt(Transport& transport, const std::string& components) {
   impl.child_indexes_dirty = impl.prop_indexes_dirty = true;
 }
 
-// Appends a property as the property operations write one.
-inline void AddProperty(Transport& transport, Long handle, const std::string& name, const std::string& value) {
-  Transport::Impl& impl = transport.impl();
-  const pugi::xml_node element = impl.NodeOf(handle);
-  pugi::xml_node list = element.child("PROPERTIES");
-  if (!list) list = impl.document->AppendElement(element, "PROPERTIES");
-  pugi::xml_node property = impl.document->AppendElement(list, name);
-  property.append_attribute("xml:space").set_value("preserve");
-  impl.document->SetText(property, value);
-}
-
 // The components as they stand, without the root and the domain sections.
 inline std::string Components(Transport& transport) {
   std::string text;
@@ -46,17 +36,6 @@ inline std::string Components(Transport& transport) {
     if (xml::LocalNameIs(child, "COMPONENT") || xml::LocalNameIs(child, "COLLECTION")) xml::SerializeTo(child, text);
   }
   return text;
-}
-
-// The error that `body` raises (number 0 when none).
-template <typename Body>
-AutomationError Failure(Body&& body) {
-  try {
-    body();
-  } catch (const AutomationError& error) {
-    return error;
-  }
-  return AutomationError(0, "", "");
 }
 
 inline std::size_t Occurrences(const std::string& text, const std::string& part) {

@@ -6,7 +6,7 @@ namespace varnex {
 namespace {
 
 using testing::Adopt;
-using testing::Failure;
+using testing::ErrorOf;
 
 TEST(GenerateTransportDoc, FullMediumAndShortOfTheSameDocument) {
   Transport transport;
@@ -64,12 +64,12 @@ TEST(GenerateTransportDoc, ShortFormIsThatOfTheReloadedText) {
 TEST(GenerateTransportDoc, LoadingRulesShowInTheReducedForms) {
   Transport transport;
   const Long site = transport.AddComponent(0, "S", csModified);
-  testing::AddProperty(transport, site, "P", "1\r\n2\r3");
+  transport.AddCompProperty(site, "P", "1\r\n2\r3");
   const std::string reloaded = "<TALVEN><COMPONENT><S STATUS=\"MODIFIED\"><PROPERTIES><P xml:space=\"preserve\">"
                                "1\n2\n3</P></PROPERTIES></S></COMPONENT></TALVEN>";
   EXPECT_EQ(transport.GenerateTransportDoc(tmMedium) + transport.GenerateTransportDoc(tmShort), reloaded + reloaded);
   // Blank text stays under xml:space="preserve" only; a processing instruction keeps its CR.
-  testing::AddProperty(transport, site, "Q", "  ");
+  transport.AddCompProperty(site, "Q", "  ");
   pugi::xml_node element = transport.impl().NodeOf(site);
   transport.impl().document->SetText(element.append_child("LOOSE"), " ");
   element.append_child(pugi::node_pi).set_name("pi");
@@ -85,11 +85,10 @@ TEST(GenerateTransportDoc, Failures) {
   const Long site = transport.AddComponent(0, "Site");
   const Long visits = transport.AddCollection(site, "Visits");
   // A failed addition leaves an empty wrapper.
-  EXPECT_EQ(Failure([&] { transport.AddComponent(visits, "no good"); }).number(), errXml);
-  const AutomationError nested = Failure([&] { transport.GenerateTransportDoc(tmShort); });
-  EXPECT_EQ(nested.number(), errObjectNotSet);
-  EXPECT_EQ(nested.description(), "GenerateTransportDoc: GetModifiedXML: TrimDocument: TrimDocument: TrimDocument: "
-                                  "TrimDocument: Object variable or With block variable not set");
+  EXPECT_EQ(ErrorOf([&] { transport.AddComponent(visits, "no good"); }).number(), errXml);
+  EXPECT_AUTOMATION_ERROR(transport.GenerateTransportDoc(tmShort), errObjectNotSet,
+                          "GenerateTransportDoc: GetModifiedXML: TrimDocument: TrimDocument: TrimDocument: "
+                          "TrimDocument: Object variable or With block variable not set");
 
   // An attached declaration keeps the document's text from loading, wherever it stands.
   Transport declared;
@@ -98,14 +97,13 @@ TEST(GenerateTransportDoc, Failures) {
   pi = pi.append_child(pugi::node_pi);
   pi.set_name("xml");
   pi.set_value("version=\"1.0\"");
-  EXPECT_EQ(Failure([&] { declared.GenerateTransportDoc(tmShort); }).description(),
+  EXPECT_EQ(ErrorOf([&] { declared.GenerateTransportDoc(tmShort); }).description(),
             "GenerateTransportDoc: GetModifiedXML: TrimDocument: Object variable or With block variable not set");
-  const AutomationError medium = Failure([&] { declared.GenerateTransportDoc(tmMedium); });
-  EXPECT_EQ(medium.number(), errInvalidProcedureCall);
-  EXPECT_EQ(medium.description(), "GenerateTransportDoc: GetModifiedXML2: Invalid procedure call or argument");
+  EXPECT_AUTOMATION_ERROR(declared.GenerateTransportDoc(tmMedium), errInvalidProcedureCall,
+                          "GenerateTransportDoc: GetModifiedXML2: Invalid procedure call or argument");
   // A root name that XPath refuses.
-  EXPECT_EQ(Failure([&] { transport.RootName("a:b:c"); }).number(), 0);
-  EXPECT_EQ(Failure([&] { transport.GenerateTransportDoc(tmMedium); }).number(), errXml);
+  transport.RootName("a:b:c");
+  EXPECT_EQ(ErrorOf([&] { transport.GenerateTransportDoc(tmMedium); }).number(), errXml);
 }
 
 }  // namespace

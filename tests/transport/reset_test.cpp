@@ -6,7 +6,7 @@ namespace {
 
 using testing::Adopt;
 using testing::Components;
-using testing::Failure;
+using testing::ErrorOf;
 
 TEST(ResetStatus, ClearsModifiedCutsOutDeletedLeavesNewAlone) {
   Transport transport;  // S 1, R 2, H 3, X 4, W 5, Y 6, O 7
@@ -32,24 +32,20 @@ TEST(ResetStatus, ClearsModifiedCutsOutDeletedLeavesNewAlone) {
 
 TEST(ResetStatus, Failures) {
   Transport empty;  // nothing under handle 1
-  const AutomationError missing = Failure([&] { empty.ResetStatus(); });
-  EXPECT_EQ(missing.number(), errObjectRequired);
-  EXPECT_EQ(missing.source(), "Transport");
-  EXPECT_EQ(missing.description(), "Error Resetting Component Status: Object required");
+  EXPECT_AUTOMATION_ERROR(empty.ResetStatus(), errObjectRequired, "Error Resetting Component Status: Object required");
+  EXPECT_EQ(ErrorOf([&] { empty.ResetStatus(); }).source(), "Transport");
 
   // A second element in a wrapper has no handle and reads as the root, which leads back to 1.
   Transport looped;
   Adopt(looped, "<COMPONENT><S><COMPONENT><R/><STRAY/></COMPONENT></S></COMPONENT>");
-  const AutomationError loop = Failure([&] { looped.ResetStatus(); });
-  EXPECT_EQ(loop.number(), errOutOfStackSpace);
-  EXPECT_EQ(loop.source(), "Transport");
-  EXPECT_EQ(loop.description(), "Error Resetting Component Status: Error Resetting Component Status: "
-                                "Error Resetting Component Status: Out of stack space");
+  EXPECT_AUTOMATION_ERROR(looped.ResetStatus(), errOutOfStackSpace,
+                          "Error Resetting Component Status: Error Resetting Component Status: "
+                          "Error Resetting Component Status: Out of stack space");
 
   // A deleted component already cut out has nothing left to be cut from.
   looped.impl().HardDeleteComponent(1);
   looped.DeleteComponent(1);
-  EXPECT_EQ(Failure([&] { looped.ResetStatus(); }).description(),
+  EXPECT_EQ(ErrorOf([&] { looped.ResetStatus(); }).description(),
             "Error Resetting Component Status: RecurseDeleteComponent: "
             "Object variable or With block variable not set");
 }

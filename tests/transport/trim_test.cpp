@@ -4,7 +4,7 @@
 namespace varnex {
 namespace {
 
-using testing::Failure;
+using testing::ErrorOf;
 
 // Trims the document element of the text once; the text left and the kill flag, as "text|-1".
 std::string Trim(const std::string& text, bool mild = false) {
@@ -52,15 +52,14 @@ TEST(TrimDocument, FailuresCarryOnePrefixPerLevel) {
   pugi::xml_document document;
   pugi::xml_node top;
   Boolean kill = vbFalse;
-  EXPECT_EQ(Failure([&] { transport.TrimDocument(document, top, kill); }).description(),
+  EXPECT_EQ(ErrorOf([&] { transport.TrimDocument(document, top, kill); }).description(),
             "TrimDocument: Object variable or With block variable not set");
   ASSERT_TRUE(
       xml::LoadText(document, "<R><COMPONENT><A><COLLECTION><B><COMPONENT/></B></COLLECTION></A></COMPONENT></R>"));
   top = document.document_element();
-  const AutomationError error = Failure([&] { transport.TrimDocument2(document, top, kill); });
-  EXPECT_EQ(error.number(), errObjectNotSet);
-  EXPECT_EQ(error.description(), "TrimDocument2: TrimDocument2: TrimDocument2: TrimDocument2: "
-                                 "Object variable or With block variable not set");
+  EXPECT_AUTOMATION_ERROR(transport.TrimDocument2(document, top, kill), errObjectNotSet,
+                          "TrimDocument2: TrimDocument2: TrimDocument2: TrimDocument2: "
+                          "Object variable or With block variable not set");
 }
 
 }  // namespace

@@ -6,7 +6,6 @@ namespace {
 
 using testing::Adopt;
 using testing::Components;
-using testing::Failure;
 
 constexpr const char* kOwn =
     "<COMPONENT><S STATUS=\"MODIFIED\"><PROPERTIES><A STATUS=\"MODIFIED\" ORIGINAL=\"0\">1</A><!--c--><B>2</B>"
@@ -37,17 +36,14 @@ TEST(UpdateDocument, MissingOwnComponentsFailAfterEarlierValuesWereCopied) {
   Transport transport;
   Adopt(transport, kOwn);
   const std::string t = "<COMPONENT><T><PROPERTIES><D>5</D></PROPERTIES></T></COMPONENT>";
-  const AutomationError top = Failure([&] { transport.UpdateDocument("<TALVEN>" + t + t + t + "</TALVEN>"); });
-  EXPECT_EQ(top.number(), errObjectNotSet);
-  EXPECT_EQ(top.description(), "UpdateDocument: Object variable or With block variable not set");
+  EXPECT_AUTOMATION_ERROR(transport.UpdateDocument("<TALVEN>" + t + t + t + "</TALVEN>"), errObjectNotSet,
+                          "UpdateDocument: Object variable or With block variable not set");
   const std::string w = "<COMPONENT><W><PROPERTIES><C>6</C></PROPERTIES></W></COMPONENT>";
-  const AutomationError nested = Failure([&] {
-    transport.UpdateDocument("<TALVEN><COMPONENT><S><P/><COLLECTION><V>" + w + w +
-                             "</V></COLLECTION></S></COMPONENT></TALVEN>");
-  });
-  EXPECT_EQ(nested.description(),
-            "UpdateDocument: RecurseCopyProperties: RecurseCopyProperties: "
-            "Object variable or With block variable not set");
+  EXPECT_AUTOMATION_ERROR(transport.UpdateDocument("<TALVEN><COMPONENT><S><P/><COLLECTION><V>" + w + w +
+                                                   "</V></COLLECTION></S></COMPONENT></TALVEN>"),
+                          errObjectNotSet,
+                          "UpdateDocument: RecurseCopyProperties: RecurseCopyProperties: "
+                          "Object variable or With block variable not set");
   EXPECT_NE(Components(transport).find("<C>6</C>"), std::string::npos);
   EXPECT_NE(Components(transport).find("<D>5</D>"), std::string::npos);
 }

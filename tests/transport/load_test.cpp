@@ -14,7 +14,7 @@ TEST(Load, MergesUnderTheRootAndCarriesTheLoadPrefix) {
   EXPECT_EQ(transport.FindPropDomainByPropName("State"), 2);
   EXPECT_EQ(transport.AddComponent(1, "M"), 3);
   EXPECT_AUTOMATION_ERROR(transport.TransportDoc("<SURVEY><COMPONENT><A/></COMPONENT><COMPONENT><B><COLLECTION/></B>"
-                          "</COMPONENT></SURVEY>"),
+                                                 "</COMPONENT></SURVEY>"),
                           errObjectNotSet,
                           "GetTransportDoc: MergeTransportIn: RecurseComponents: RecurseComponents: "
                           "Object variable or With block variable not set");

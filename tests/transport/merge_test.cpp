@@ -120,7 +120,7 @@ TEST(Merge, DeepDocumentsMergeWithoutRecursion) {
   EXPECT_AUTOMATION_ERROR(failing.MergeDocument("<TALVEN>" + body + "<COMPONENT/>" + tail + "</TALVEN>", 0),
                           errObjectNotSet,
                           "MergeDocument: MergeTransportIn: " + Repeat("RecurseComponents: ", kDepth + 1) +
-                          "Object variable or With block variable not set");
+                              "Object variable or With block variable not set");
 }
 
 }  // namespace

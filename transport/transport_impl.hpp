@@ -16,6 +16,8 @@
 
 namespace varnex {
 
+struct TrimMarks;
+
 // Name of the root until a caller or a loaded document says otherwise; also the fixed key under
 // which the root is registered, whatever it is called.
 inline constexpr const char* kDefaultRootName = "TALVEN";
@@ -78,20 +80,28 @@ class Transport::Impl {
   Boolean RecurseDeleteComponent(Long handle, Boolean forget);
   Boolean ResetComponentStatus(Long handle);
   Boolean HardDeleteComponent(Long handle);
+  // Cuts a component's wrapper out of its parent, keeping it alive (error 91 when there is none).
+  void CutOut(pugi::xml_node element);
 
   // --- Updating (update.cpp) ---------------------------------------------------------------
   Long RecurseCopyProperties(pugi::xml_node incoming, pugi::xml_node own);
 
-  // --- Generation (generation.cpp) ---------------------------------------------------------
+  // --- Generation (generation.cpp, trim.cpp) -----------------------------------------------
   std::string GetModifiedXML();
   std::string GetModifiedXML2();
   Long HasModifications(pugi::xml_node node);
   Long ChildCompCount(pugi::xml_node node);
+  // Records what TrimDocument would remove below the node, changing nothing; fails as
+  // TrimDocument does. False when the tree's text, loaded afresh, would not load or would be
+  // reduced otherwise.
+  bool MarkTrim(pugi::xml_node node, TrimMarks& marks);
 
   // --- Merging (merge.cpp) -----------------------------------------------------------------
   Long MergeTransportIn(Long parent, const std::string& text);
   // The same, on text already loaded by the caller.
   Long MergeTransportIn(Long parent, pugi::xml_document& incoming);
+  // Copies an incoming component node and its whole subtree under the parent, without native
+  // recursion. Its "PROTOTYPE" elements are moved aside within the incoming document.
   void RecurseComponents(Long parent, pugi::xml_node node);
 
   // --- Domains (domains/) ------------------------------------------------------------------

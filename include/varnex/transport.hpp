@@ -109,21 +109,31 @@ class Transport {
 
   // --- Change tracking and exchange ---------------------------------------------------------
 
-  // Clears the marks of the subtree of handle 1 after an exchange; returns 0.
+  // Clears the marks of the subtree of handle 1 after an exchange: "MODIFIED" components lose
+  // their marks and their properties' marks and earlier values, "DELETED" ones are cut out, "NEW"
+  // ones are not visited. Returns 0. Failures: source "Transport", "Error Resetting Component
+  // Status: ..." once per level (no handle 1 fails too).
   Long ResetStatus();
-  // Marks the component and its subtree "DELETED", or cuts it out when it is new or when
-  // boolForgetServer is True.
+  // Marks the component and its subtree "DELETED", cutting out new ones, or cuts it out at once
+  // when it is new or when boolForgetServer is non-zero. Handles of cut-out components keep
+  // answering. Failures: "DeleteComponent: RecurseDeleteComponent: ..." (one per level).
   Boolean DeleteComponent(Long lngHandle, Boolean boolForgetServer = vbFalse);
   // The document as text: whole (tmFull), reduced to the changes (tmShort), or every component
-  // without the domain sections (tmMedium). Any other mode gives "".
+  // without the domain sections (tmMedium); the own document never changes. Any other mode gives
+  // "". Failures: "GenerateTransportDoc: GetModifiedXML: TrimDocument: ..." and the like; tmMedium
+  // on a document whose text does not load: error 5, "GenerateTransportDoc: GetModifiedXML2: ...".
   std::string GenerateTransportDoc(enTransportMode tmMode);
-  // Reduces the subtree of nNode to what must travel; boolKill tells whether nNode may go.
+  // Reduces the subtree of nNode to what must travel, in one bottom-up pass; boolKill tells
+  // whether nNode itself may go. Failures: "TrimDocument: ..." once per level.
   void TrimDocument(pugi::xml_document& docShort, pugi::xml_node& nNode, Boolean& boolKill);
-  // The milder reduction: strips prototypes and explicitly non-persistent attachments only.
+  // The milder reduction: strips prototypes and explicitly non-persistent attachments only;
+  // boolKill is always False. Failures: "TrimDocument2: ..." once per level.
   void TrimDocument2(pugi::xml_document& docShort, pugi::xml_node& nNode, Boolean& boolKill);
   // Adds the components, links and domains of a received document under lngParent; returns 1.
   Long MergeDocument(const std::string& strDoc, Long lngParent);
-  // Copies property values from a returned document, by position; returns 1.
+  // Copies property values from a returned document, pairing components and properties by
+  // position only; returns 1, also for text that does not parse. Failures: "UpdateDocument: ..."
+  // then "RecurseCopyProperties: ..." once per level (an own component missing: error 91).
   Long UpdateDocument(const std::string& strDoc);
 
   // --- Domains ------------------------------------------------------------------------------

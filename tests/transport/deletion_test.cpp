@@ -1,0 +1,68 @@
+// Deleting components, and what handles of cut-out components still answer.
+#include "transport/exchange_fixture.hpp"
+
+namespace varnex {
+namespace {
+
+using testing::Adopt;
+using testing::Components;
+using testing::ErrorOf;
+
+TEST(DeleteComponent, MarksTheSubtreeAndCutsOutNewOnes) {
+  Transport transport;  // S 1, V 2, M 3 (modified), N 4 (new), D 5 (deleted), E 6
+  Adopt(transport, "<COMPONENT><S><COLLECTION><V><COMPONENT><M STATUS=\"MODIFIED\"/></COMPONENT><COMPONENT>"
+                   "<N STATUS=\"NEW\"/></COMPONENT><COMPONENT><D STATUS=\"DELETED\"><COMPONENT><E/></COMPONENT></D>"
+                   "</COMPONENT></V></COLLECTION></S></COMPONENT>");
+  EXPECT_EQ(transport.DeleteComponent(1), vbTrue);
+  EXPECT_EQ(Components(transport),
+            "<COMPONENT><S STATUS=\"DELETED\"><COLLECTION><V STATUS=\"DELETED\"><COMPONENT><M STATUS=\"DELETED\"/>"
+            "</COMPONENT><COMPONENT><D STATUS=\"DELETED\"><COMPONENT><E STATUS=\"DELETED\"/></COMPONENT></D>"
+            "</COMPONENT></V></COLLECTION></S></COMPONENT>");
+  EXPECT_EQ(transport.CountCompChildren(2), 2);
+  EXPECT_EQ(transport.CountCompChildren(2, vbTrue), 0);
+
+  // Forgetting cuts out whatever the status.
+  Adopt(transport, "<COMPONENT><A/></COMPONENT><COMPONENT><B STATUS=\"MODIFIED\"/></COMPONENT>");
+  for (Long handle : {1, 7, 8}) EXPECT_EQ(transport.DeleteComponent(handle, vbTrue), vbTrue);
+  EXPECT_EQ(Components(transport), "");
+  EXPECT_EQ(transport.CountCompChildren(0), 0);
+}
+
+TEST(DeleteComponent, HandlesOfCutOutComponentsKeepAnswering) {
+  Transport transport;
+  const Long site = transport.AddComponent(0, "Site", csNew);
+  const Long visits = transport.AddCollection(site, "Visits");
+  transport.DeleteComponent(site);
+  std::string name;
+  enComponentStatus status = csNormal;
+  enComponentType type = ctComponent;
+  EXPECT_EQ(transport.GetComponent(visits, name, status, type), 1);
+  EXPECT_EQ(name + std::to_string(type), "VISITS1");
+  EXPECT_EQ(transport.GetComponentStatus(site), csNew);
+  // Additions go into the cut-out tree; marking works there; the cut-out top has no parent.
+  const Long visit = transport.AddComponent(visits, "Visit");
+  EXPECT_EQ(transport.CountCompChildren(visits), 0);
+  EXPECT_EQ(transport.DeleteComponent(visits), vbTrue);
+  EXPECT_EQ(transport.GetComponentStatus(visit), csDeleted);
+  EXPECT_EQ(ErrorOf([&] { transport.DeleteComponent(site); }).description(),
+            "DeleteComponent: RecurseDeleteComponent: Object variable or With block variable not set");
+  EXPECT_EQ(transport.impl().HardDeleteComponent(visits), vbTrue);
+  EXPECT_EQ(Components(transport), "");
+}
+
+TEST(DeleteComponent, Failures) {
+  Transport transport;
+  const Long site = transport.AddComponent(0, "Site");
+  EXPECT_AUTOMATION_ERROR(transport.DeleteComponent(99), errObjectRequired,
+                          "DeleteComponent: RecurseDeleteComponent: Object required");
+
+  // A failed addition leaves an empty wrapper, read as handle 0: the root, which leads back.
+  EXPECT_EQ(ErrorOf([&] { transport.AddComponent(site, ""); }).number(), errXml);
+  EXPECT_AUTOMATION_ERROR(transport.DeleteComponent(site), errOutOfStackSpace,
+                          "DeleteComponent: RecurseDeleteComponent: RecurseDeleteComponent: "
+                          "RecurseDeleteComponent: Out of stack space");
+  EXPECT_EQ(transport.GetComponentStatus(0), csDeleted);  // marked before the walk came back
+}
+
+}  // namespace
+}  // namespace varnex

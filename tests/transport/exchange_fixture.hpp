@@ -1,0 +1,47 @@
+// Test documents for the exchange operations.
+#pragma once
+
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include "runtime/xml.hpp"
+#include "support/errors.hpp"
+#include "transport/transport_impl.hpp"
+#include "varnex/varnex.hpp"
+
+namespace varnex::testing {
+
+// Puts the components of "<TALVEN>...</TALVEN>" into the document exactly as written and gives
+// every component and collection a handle, in document order.
+inline void Adopt(Transport& transport, const std::string& components) {
+  Transport::Impl& impl = transport.impl();
+  pugi::xml_document incoming;
+  ASSERT_TRUE(xml::LoadText(incoming, "<TALVEN>" + components + "</TALVEN>"));
+  for (pugi::xml_node child : incoming.document_element().children()) {
+    xml::WalkElements(impl.document->AppendCopy(impl.root, child), [&](pugi::xml_node element) {
+      if (xml::LocalNameIs(element, "ATTACHMENTS")) return false;
+      const bool wrapper = xml::LocalNameIs(element, "COMPONENT") || xml::LocalNameIs(element, "COLLECTION");
+      if (wrapper && element.first_child().type() == pugi::node_element) impl.IssueHandle(element.first_child());
+      return true;
+    });
+  }
+  impl.child_indexes_dirty = impl.prop_indexes_dirty = true;
+}
+
+// The components as they stand, without the root and the domain sections.
+inline std::string Components(Transport& transport) {
+  std::string text;
+  for (pugi::xml_node child : transport.impl().root.children()) {
+    if (xml::LocalNameIs(child, "COMPONENT") || xml::LocalNameIs(child, "COLLECTION")) xml::SerializeTo(child, text);
+  }
+  return text;
+}
+
+inline std::size_t Occurrences(const std::string& text, const std::string& part) {
+  std::size_t count = 0;
+  for (auto at = text.find(part); at != std::string::npos; at = text.find(part, at + part.size())) ++count;
+  return count;
+}
+
+}  // namespace varnex::testing

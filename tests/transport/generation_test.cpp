@@ -1,0 +1,110 @@
+// Giving the document out: whole, reduced to its changes, or without the domain sections.
+#include "transport/exchange_fixture.hpp"
+#include "transport/root_wrappers.hpp"
+
+namespace varnex {
+namespace {
+
+using testing::Adopt;
+using testing::ErrorOf;
+
+TEST(GenerateTransportDoc, FullMediumAndShortOfTheSameDocument) {
+  Transport transport;
+  EXPECT_EQ(transport.GenerateTransportDoc(tmShort) + transport.GenerateTransportDoc(tmMedium),
+            "<TALVEN></TALVEN><TALVEN></TALVEN>");
+  const std::string site = "<COMPONENT><S><PROPERTIES><P>1</P></PROPERTIES><COLLECTION><V><PROTOTYPE/><COMPONENT>"
+                           "<W STATUS=\"MODIFIED\"/></COMPONENT><COMPONENT><W/></COMPONENT></V></COLLECTION></S>"
+                           "</COMPONENT>";
+  const std::string archive = "<COMPONENT><A><ATTACHMENTS><M persist=\"True\"/><N/><O/></ATTACHMENTS></A></COMPONENT>";
+  const std::string spare = "<COMPONENT><X><PROPERTIES><P>2</P></PROPERTIES></X></COMPONENT>";
+  Adopt(transport, site + archive + spare);
+  transport.impl().document->AppendElement(transport.impl().domain_section, "COLOURS");
+  const std::string full = transport.GenerateTransportDoc(tmFull);
+  EXPECT_EQ(full, "<TALVEN><DOMAIN><COLOURS/></DOMAIN><PROPERTY_DOMAINS/>" + site + archive + spare + "</TALVEN>");
+  EXPECT_EQ(transport.GenerateTransportDoc(tmMedium), "<TALVEN>" + site + archive + spare + "</TALVEN>");
+  // The normal leaves W and X go, with the prototype and the first non-persistent attachment.
+  EXPECT_EQ(transport.GenerateTransportDoc(tmShort),
+            "<TALVEN><COMPONENT><S><PROPERTIES><P>1</P></PROPERTIES><COLLECTION><V><COMPONENT><W STATUS=\"MODIFIED\"/>"
+            "</COMPONENT></V></COLLECTION></S></COMPONENT><COMPONENT><A><ATTACHMENTS><M persist=\"True\"/><O/>"
+            "</ATTACHMENTS></A></COMPONENT></TALVEN>");
+  EXPECT_EQ(transport.GenerateTransportDoc(tmFull), full);
+  EXPECT_EQ(transport.GenerateTransportDoc(static_cast<enTransportMode>(3)), "");
+}
+
+// The short form is that of the document's text loaded afresh and trimmed, done here the long way.
+TEST(GenerateTransportDoc, ShortFormIsThatOfTheReloadedText) {
+  Transport transport;  // S 1, V 2, W 3, W 4, TALVEN 5, R 6, X 7, L 8, E 9
+  Adopt(transport,
+        "<COMPONENT><S STATUS=\"MODIFIED\" NOTE=\"a &lt;b&gt; &amp; &quot;c&quot;&#9;\"><PROPERTIES>"
+        "<P STATUS=\"MODIFIED\" ORIGINAL=\"&apos;o&apos;&#10;\">n &amp; &lt;x&gt;</P></PROPERTIES><ATTACHMENTS>"
+        "<!--c--><M persist=\"true\"><![CDATA[raw <d>]]><?pi x?></M></ATTACHMENTS><COLLECTION><V><PROTOTYPE/>"
+        "<COMPONENT><W/></COMPONENT><COMPONENT><W/></COMPONENT></V></COLLECTION><COMPONENT><TALVEN><COMPONENT>"
+        "<R STATUS=\"NEW\"/></COMPONENT><COMPONENT><X/></COMPONENT></TALVEN></COMPONENT></S></COMPONENT>"
+        "<COMPONENT><L/></COMPONENT><COLLECTION><E/></COLLECTION>");
+  pugi::xml_document copy;
+  ASSERT_TRUE(xml::LoadText(copy, transport.GenerateTransportDoc(tmFull)));
+  pugi::xml_node top = copy.document_element();
+  Boolean kill = vbFalse;
+  transport.TrimDocument(copy, top, kill);
+  std::string reference = "<TALVEN>";
+  for (pugi::xml_node wrapper : SelectRootWrappers(copy, "TALVEN")) reference += xml::Serialize(wrapper);
+  reference += "</TALVEN>";
+  // Written from the own document, where a removed component is not even read: a name that
+  // would keep the document's text from loading goes unnoticed there.
+  transport.impl().NodeOf(8).append_attribute("1st").set_value("x");
+  const std::string shortened = transport.GenerateTransportDoc(tmShort);
+  EXPECT_EQ(shortened, reference);
+  EXPECT_NE(shortened.find("<ATTACHMENTS><M persist=\"true\">"), std::string::npos);
+  EXPECT_NE(shortened.find("<V/>"), std::string::npos);
+  // A component named like the root has its wrappers given a second time.
+  EXPECT_EQ(testing::Occurrences(shortened, "<R STATUS=\"NEW\"/>"), 2u);
+}
+
+// What loading changes shows in the reduced forms: CR line ends, blank-only text.
+TEST(GenerateTransportDoc, LoadingRulesShowInTheReducedForms) {
+  Transport transport;
+  const Long site = transport.AddComponent(0, "S", csModified);
+  transport.AddCompProperty(site, "P", "1\r\n2\r3");
+  const std::string reloaded = "<TALVEN><COMPONENT><S STATUS=\"MODIFIED\"><PROPERTIES><P xml:space=\"preserve\">"
+                               "1\n2\n3</P></PROPERTIES></S></COMPONENT></TALVEN>";
+  EXPECT_EQ(transport.GenerateTransportDoc(tmMedium) + transport.GenerateTransportDoc(tmShort), reloaded + reloaded);
+  // Blank text stays under xml:space="preserve" only; a processing instruction keeps its CR.
+  transport.AddCompProperty(site, "Q", "  ");
+  pugi::xml_node element = transport.impl().NodeOf(site);
+  transport.impl().document->SetText(element.append_child("LOOSE"), " ");
+  element.append_child(pugi::node_pi).set_name("pi");
+  element.last_child().set_value("a\r\nb");
+  const std::string kept = reloaded.substr(0, reloaded.find("</PROPERTIES>")) + "<Q xml:space=\"preserve\">  </Q>" +
+                           "</PROPERTIES><LOOSE/><?pi a\r\nb?></S></COMPONENT></TALVEN>";
+  EXPECT_EQ(transport.GenerateTransportDoc(tmMedium) + transport.GenerateTransportDoc(tmShort), kept + kept);
+  EXPECT_NE(transport.GenerateTransportDoc(tmFull).find("<LOOSE> </LOOSE>"), std::string::npos);
+}
+
+TEST(GenerateTransportDoc, Failures) {
+  Transport transport;
+  const Long site = transport.AddComponent(0, "Site");
+  const Long visits = transport.AddCollection(site, "Visits");
+  // A failed addition leaves an empty wrapper.
+  EXPECT_EQ(ErrorOf([&] { transport.AddComponent(visits, "no good"); }).number(), errXml);
+  EXPECT_AUTOMATION_ERROR(transport.GenerateTransportDoc(tmShort), errObjectNotSet,
+                          "GenerateTransportDoc: GetModifiedXML: TrimDocument: TrimDocument: TrimDocument: "
+                          "TrimDocument: Object variable or With block variable not set");
+
+  // An attached declaration keeps the document's text from loading, wherever it stands.
+  Transport declared;
+  const Long leaf = declared.AddComponent(0, "Leaf");
+  pugi::xml_node pi = declared.impl().document->AppendElement(declared.impl().NodeOf(leaf), "ATTACHMENTS");
+  pi = pi.append_child(pugi::node_pi);
+  pi.set_name("xml");
+  pi.set_value("version=\"1.0\"");
+  EXPECT_EQ(ErrorOf([&] { declared.GenerateTransportDoc(tmShort); }).description(),
+            "GenerateTransportDoc: GetModifiedXML: TrimDocument: Object variable or With block variable not set");
+  EXPECT_AUTOMATION_ERROR(declared.GenerateTransportDoc(tmMedium), errInvalidProcedureCall,
+                          "GenerateTransportDoc: GetModifiedXML2: Invalid procedure call or argument");
+  // A root name that XPath refuses.
+  transport.RootName("a:b:c");
+  EXPECT_EQ(ErrorOf([&] { transport.GenerateTransportDoc(tmMedium); }).number(), errXml);
+}
+
+}  // namespace
+}  // namespace varnex

@@ -1,0 +1,127 @@
+// Merging received documents: what is copied and how, merging twice, documents that add
+// nothing, failures with their nested descriptions, and very deep documents.
+#include <gtest/gtest.h>
+
+#include "support/errors.hpp"
+#include "varnex/varnex.hpp"
+
+namespace varnex {
+namespace {
+
+// Every kind of content, with white space between the elements.
+constexpr const char* kIncoming = R"(<TALVEN>
+  <DOMAIN><COLOUR CODE="C"><ITEM><CODE>R</CODE></ITEM><ITEM/></COLOUR></DOMAIN>
+  <PROPERTY_DOMAINS><SHADE>Colour</SHADE></PROPERTY_DOMAINS>
+  <COMPONENT><SITE STATUS=" new " ID="7" Kind="x &amp; y">
+    <ATTACHMENTS><NOTE persist="TRUE"><P>one</P></NOTE><MEMO>two</MEMO></ATTACHMENTS>
+    <PROPERTIES>
+      <NAME xml:space="preserve" STATUS="modified" ORIGINAL="South">North</NAME> <CODE xml:space="preserve"> </CODE>
+    </PROPERTIES>
+    <COLLECTION><VISITS STATUS="DELETED">
+      <PROTOTYPE><DAY>Monday</DAY></PROTOTYPE> <COMPONENT><VISIT STATUS="DELETED"/></COMPONENT>
+    </VISITS></COLLECTION>
+  </SITE></COMPONENT>
+</TALVEN>)";
+
+// SITE as merged: statuses rewritten, the collection's dropped, "persist" written "true".
+constexpr const char* kSite =
+    "<COMPONENT><SITE STATUS=\"NEW\" ID=\"7\" Kind=\"x &amp; y\"><ATTACHMENTS><NOTE persist=\"true\"><P>one</P>"
+    "</NOTE><MEMO>two</MEMO></ATTACHMENTS><PROPERTIES><NAME xml:space=\"preserve\" STATUS=\"MODIFIED\" "
+    "ORIGINAL=\"South\">North</NAME><CODE xml:space=\"preserve\"> </CODE></PROPERTIES><COLLECTION><VISITS>"
+    "<PROTOTYPE><DAY>Monday</DAY></PROTOTYPE><COMPONENT><VISIT STATUS=\"DELETED\"/></COMPONENT></VISITS>"
+    "</COLLECTION></SITE></COMPONENT>";
+const std::string kSections = "<DOMAIN><COLOUR CODE=\"C\"><ITEM><CODE>R</CODE></ITEM><ITEM/></COLOUR></DOMAIN>"
+                              "<PROPERTY_DOMAINS><SHADE>Colour</SHADE></PROPERTY_DOMAINS>";
+
+std::string Repeat(const std::string& text, int times) {
+  std::string out;
+  for (int i = 0; i < times; ++i) out += text;
+  return out;
+}
+
+TEST(Merge, CopiesEveryKindOfContentAndMatchesNothing) {
+  Transport transport;
+  const Long host = transport.AddComponent(0, "Host");
+  EXPECT_EQ(transport.MergeDocument(kIncoming, host), 1);
+  EXPECT_EQ(transport.TransportDoc(),
+            "<TALVEN>" + kSections + "<COMPONENT><HOST>" + kSite + "</HOST></COMPONENT></TALVEN>");
+  std::string name, value, original;
+  enComponentStatus status = csNormal;
+  enComponentType type = ctComponent;
+  EXPECT_EQ(transport.GetCompChild(3, 1, name, status, type), 4);  // handles in document order
+  EXPECT_EQ(status, csDeleted);
+  EXPECT_EQ(transport.FindPropDomainByPropName("Shade"), 5);   // then the link
+  EXPECT_EQ(transport.GetCompProperty(2, 1, value, status, original) + value + original, "NAMENorthSouth");
+  EXPECT_EQ(status, csModified);
+  EXPECT_EQ(transport.CountDomItems(1), 2);
+
+  // Merged again: the components come twice, the link and the existing domain's items do not.
+  EXPECT_EQ(transport.MergeDocument(kIncoming, 0), 1);
+  EXPECT_EQ(transport.TransportDoc(),
+            "<TALVEN>" + kSections + "<COMPONENT><HOST>" + kSite + "</HOST></COMPONENT>" + kSite + "</TALVEN>");
+  EXPECT_EQ(transport.GetCompChild(0, 2, name, status, type), 6);
+  EXPECT_EQ(transport.CountPropDomains() * 10 + transport.CountDomItems(1), 12);
+}
+
+TEST(Merge, DocumentsThatAddNothingAndWrappersFoundAnywhere) {
+  Transport transport;
+  transport.RootName("SURVEY");
+  const std::string empty = transport.TransportDoc();
+  for (const char* text : {kIncoming, "<SURVEY><COMPONENT><A/></COMPONENT>", "", "<SURVEY/><SURVEY/>"}) {
+    EXPECT_EQ(transport.MergeDocument(text, 0), 1);
+    EXPECT_EQ(transport.TransportDoc(), empty) << text;
+  }
+  // Wrappers under any element named exactly like the root; a component so named has its
+  // wrappers taken twice, and its prototype, moved over the first time, only once.
+  transport.MergeDocument("<X><SURVEY><component><B/></component><COMPONENT><SURVEY><COLLECTION><L><PROTOTYPE/>"
+                          "</L></COLLECTION></SURVEY></COMPONENT></SURVEY></X>",
+                          0);
+  EXPECT_EQ(transport.TransportDoc(), "<SURVEY><DOMAIN/><PROPERTY_DOMAINS/><COMPONENT><SURVEY><COLLECTION><L>"
+                                      "<PROTOTYPE/></L></COLLECTION></SURVEY></COMPONENT><COLLECTION><L/></COLLECTION>"
+                                      "</SURVEY>");
+}
+
+TEST(Merge, FailuresNestOnePrefixPerLevelAndKeepWhatWasAdded) {
+  const std::string merge = "MergeDocument: MergeTransportIn: ", recurse = "RecurseComponents: ";
+  const struct {
+    const char* text;
+    Long number;
+    std::string description;
+    const char* left;
+  } cases[] = {
+      {"<TALVEN><COMPONENT><A><COLLECTION><B><COMPONENT/></B></COLLECTION></A></COMPONENT></TALVEN>", errObjectNotSet,
+       merge + Repeat(recurse, 3) + "Object variable or With block variable not set",
+       "<COMPONENT><A><COLLECTION><B/></COLLECTION></A></COMPONENT>"},
+      {"<TALVEN><COMPONENT><A><COLLECTION><!--x--><B/></COLLECTION></A></COMPONENT></TALVEN>", errTypeMismatch,
+       merge + recurse + "Type mismatch", "<COMPONENT><A/></COMPONENT>"},
+  };
+  for (const auto& c : cases) {
+    Transport transport;
+    EXPECT_AUTOMATION_ERROR(transport.MergeDocument(c.text, 0), c.number, c.description);
+    EXPECT_EQ(transport.TransportDoc(), std::string("<TALVEN><DOMAIN/><PROPERTY_DOMAINS/>") + c.left + "</TALVEN>");
+  }
+  Transport transport;
+  EXPECT_AUTOMATION_ERROR(transport.MergeDocument("<TALVEN><COMPONENT><A/></COMPONENT></TALVEN>", 9),
+                          errObjectRequired, merge + recurse + "AddComponent: Invalid Handle");
+}
+
+TEST(Merge, DeepDocumentsMergeWithoutRecursion) {
+  constexpr int kDepth = 100000;
+  const std::string body = Repeat("<COMPONENT><C>", kDepth), tail = Repeat("</C></COMPONENT>", kDepth);
+  Transport transport;
+  transport.MergeDocument("<TALVEN>" + body + "<PROPERTIES><P>deep</P></PROPERTIES>" + tail + "</TALVEN>", 0);
+  std::string value, original;
+  enComponentStatus status = csNormal;
+  EXPECT_EQ(transport.GetCompProperty(kDepth, 1, value, status, original) + value, "Pdeep");
+  EXPECT_EQ(transport.TransportDoc(), "<TALVEN><DOMAIN/><PROPERTY_DOMAINS/>" + body +
+                                          "<PROPERTIES><P xml:space=\"preserve\">deep</P></PROPERTIES>" + tail +
+                                          "</TALVEN>");
+  Transport failing;
+  EXPECT_AUTOMATION_ERROR(failing.MergeDocument("<TALVEN>" + body + "<COMPONENT/>" + tail + "</TALVEN>", 0),
+                          errObjectNotSet,
+                          "MergeDocument: MergeTransportIn: " + Repeat("RecurseComponents: ", kDepth + 1) +
+                              "Object variable or With block variable not set");
+}
+
+}  // namespace
+}  // namespace varnex

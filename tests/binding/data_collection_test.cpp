@@ -1,0 +1,125 @@
+#include "varnex/data_collection.hpp"
+
+#include <gtest/gtest.h>
+
+#include <utility>
+#include <vector>
+
+#include "binding/provider_table.hpp"
+#include "support/errors.hpp"
+#include "varnex/data_collection_source.hpp"
+
+namespace varnex {
+namespace {
+
+using Properties = std::vector<std::pair<std::string, std::string>>;
+
+std::string Document(const std::string& body) { return "<TALVEN><DOMAIN/><PROPERTY_DOMAINS/>" + body + "</TALVEN>"; }
+
+// A wrapper and its name element; `properties` as property elements, `more` after them.
+std::string Wrapped(const std::string& wrapper, const std::string& name, const Properties& properties,
+                    const std::string& attributes = "", const std::string& more = "") {
+  std::string text = "<" + wrapper + "><" + name + attributes + "><PROPERTIES>";
+  for (const auto& [property, value] : properties) text += "<" + property + ">" + value + "</" + property + ">";
+  return text + "</PROPERTIES>" + more + "</" + name + "></" + wrapper + ">";
+}
+std::string Row(const Properties& properties, const std::string& attributes = "") {
+  return Wrapped("COMPONENT", "ROW", properties, attributes);
+}
+std::string Rows(const std::string& name, const std::string& members) { return Wrapped("COLLECTION", name, {}, "", members); }
+
+std::vector<std::vector<std::string>> Values(const DataCollection& data) {
+  std::vector<std::vector<std::string>> rows;
+  for (const std::shared_ptr<Collection> item : data) {
+    std::vector<std::string>& row = rows.emplace_back();
+    for (const Variant& value : *item) row.push_back(value.AsString());
+  }
+  return rows;
+}
+
+std::vector<std::string> Columns(DataCollection& data) {
+  std::vector<std::string> names;
+  for (Long i = 1; i <= data.CountPropertyNames(); ++i) names.push_back(data.PropertyNames(i));
+  return names;
+}
+
+const std::string kPeople = Rows("PEOPLE", Row({{"NAME", "Ann"}, {"PAID", "yes"}}) + Row({{"NAME", "Bob"}, {"PAID", "no"}}));
+
+TEST(DataCollectionTest, WithoutACollectionUnderTheRootThereAreNoItems) {
+  DataCollection data;
+  EXPECT_EQ(data.Count(), 0);
+  EXPECT_EQ(data.begin(), data.end());
+  EXPECT_AUTOMATION_ERROR(data.Item(1), errSubscriptOutOfRange, "Item: Subscript out of range");
+  EXPECT_AUTOMATION_ERROR(data.PropertyNames(1), errSubscriptOutOfRange, "PropertyNames: Subscript out of range");
+  // A collection inside a component does not count.
+  data.Data(Document(Wrapped("COMPONENT", "SITE", {{"NAME", "North"}}, "", kPeople)));
+  EXPECT_EQ(data.Count(), 0);
+  EXPECT_EQ(data.CountPropertyNames(), 0);
+}
+
+TEST(DataCollectionTest, TheFirstCollectionUnderTheRootGivesTheItems) {
+  const auto data = std::make_shared<DataCollection>();
+  data->Data(Document(Wrapped("COMPONENT", "SITE", {{"NAME", "North"}}) + kPeople + Rows("OTHERS", Row({{"X", "1"}}))));
+  EXPECT_EQ((std::vector<std::string>{"NAME", "PAID"}), Columns(*data));
+  EXPECT_EQ(Values(*data), (std::vector<std::vector<std::string>>{{"Ann", "yes"}, {"Bob", "no"}}));
+  EXPECT_EQ(data->Item(2)->Item("paid").AsString(), "no");
+  // Items have no keys: text, even a number's, is an unknown key.
+  EXPECT_AUTOMATION_ERROR(data->Item("2"), errInvalidProcedureCall, "Item: Invalid procedure call or argument");
+
+  std::vector<std::shared_ptr<Collection>> walked;
+  const auto walk = data->NewEnum();
+  for (Variant item; walk->Next(item);) walked.push_back(item.AsObjectOf<Collection>());
+  EXPECT_EQ(walked, (std::vector<std::shared_ptr<Collection>>{data->Item(1), data->Item(2)}));
+}
+
+TEST(DataCollectionTest, OnlyTheFirstItemNamesTheColumns) {
+  DataCollection data;
+  data.Data(Document(Rows("ROWS", Row({{"A", "1"}, {"B", "2"}}) + Row({{"B", "3"}, {"C", "4"}}) + Row({}))));
+  EXPECT_EQ((std::vector<std::string>{"A", "B"}), Columns(data));
+  EXPECT_EQ(Values(data), (std::vector<std::vector<std::string>>{{"1", "2"}, {"3", "4"}, {}}));
+  EXPECT_EQ(data.Item(2)->Item("C").AsString(), "4");
+  EXPECT_AUTOMATION_ERROR(data.Item(2)->Item("A"), errInvalidProcedureCall, "Invalid procedure call or argument");
+}
+
+TEST(DataCollectionTest, DeletedItemsAreIncludedWithTheirCurrentValues) {
+  DataCollection data;
+  data.Data(Document(Rows("ROWS", Row({{"A", "now"}}, " STATUS=\"MODIFIED\"") +
+                                      Wrapped("COMPONENT", "ROW", {}, " STATUS=\"DELETED\"", "") +
+                                      "<COMPONENT><ROW STATUS=\"DELETED\"><PROPERTIES>"
+                                      "<A STATUS=\"MODIFIED\" ORIGINAL=\"before\">after</A></PROPERTIES></ROW></COMPONENT>")));
+  EXPECT_EQ(Values(data), (std::vector<std::vector<std::string>>{{"now"}, {}, {"after"}}));
+}
+
+TEST(DataCollectionTest, EachLoadReplacesTheLastAndAFailedOneLeavesNothing) {
+  DataCollection data;
+  data.Data(Document(kPeople));
+  const auto kept = data.Item(1);
+  data.Data(Document(Rows("ROWS", Row({{"Z", "9"}}))));
+  EXPECT_EQ((std::vector<std::string>{"Z"}), Columns(data));
+  EXPECT_EQ(kept->Item("NAME").AsString(), "Ann");  // lives on with its holder
+
+  const std::string repeated_property = Document(Rows("ROWS", Row({{"A", "1"}}) + Row({{"A", "1"}, {"A", "2"}})));
+  for (const std::string& text : {std::string("not a document"), std::string(), std::string("0"), repeated_property,
+                                  Document(Wrapped("COMPONENT", "SITE", {}))}) {
+    data.Data(Document(kPeople));
+    data.Data(text);  // raises nothing
+    EXPECT_EQ(data.Count(), 0) << text;
+    EXPECT_EQ(data.CountPropertyNames(), 0) << text;
+  }
+}
+
+TEST(DataCollectionTest, ReadsAsATableThroughASourceAndItsProvider) {
+  const auto data = std::make_shared<DataCollection>();
+  data->Data(Document(kPeople));
+  DataCollectionSource source;
+  source.Data(data);
+  source.DataTypes({vbString, vbBoolean});
+  EXPECT_EQ(FormatProviderTable(*source.GetDataMember()),
+            "NAME | PAID\n"
+            "-----+------\n"
+            "Ann  | True\n"
+            "Bob  | False\n");
+}
+
+}  // namespace
+}  // namespace varnex

@@ -1,39 +1,88 @@
+// The demo walks through a typical exchange: load a stored document, edit it, send the changes,
+// take the answer back, clear the marks.
 #include "cli/demo.hpp"
 
 #include <string>
 
+#include "cli/sample_document.hpp"
 #include "varnex/varnex.hpp"
 
 namespace varnex::cli {
 namespace {
 
+const char* StatusWord(enComponentStatus status) {
+  switch (status) {
+    case csModified: return " [modified]";
+    case csNew: return " [new]";
+    case csDeleted: return " [deleted]";
+    default: return "";
+  }
+}
+
+// Prints the components under a parent with their properties, indented by depth.
 void PrintTree(Transport& transport, Long parent, int depth, std::ostream& out) {
+  const std::string indent(static_cast<std::size_t>(depth) * 2, ' ');
   const Long count = transport.CountCompChildren(parent);
   for (Long k = 1; k <= count; ++k) {
     std::string name;
     enComponentStatus status = csNormal;
     enComponentType type = ctComponent;
     const Long handle = transport.GetCompChild(parent, k, name, status, type);
-    out << std::string(static_cast<std::size_t>(depth) * 2, ' ') << (type == ctcollection ? "collection " : "component ")
-        << name << " (handle " << handle << ")\n";
+    out << indent << (type == ctcollection ? "collection " : "component ") << name << " #" << handle
+        << StatusWord(status) << "\n";
+    for (Long p = 1; p <= transport.CountCompProperties(handle); ++p) {
+      std::string value, original;
+      enComponentStatus property_status = csNormal;
+      const std::string property = transport.GetCompProperty(handle, p, value, property_status, original);
+      out << indent << "    " << property << " = \"" << value << "\"" << StatusWord(property_status);
+      if (!original.empty()) out << " (was \"" << original << "\")";
+      out << "\n";
+    }
     PrintTree(transport, handle, depth + 1, out);
   }
 }
+
+void Step(std::ostream& out, const char* title) { out << "\n== " << title << "\n"; }
 
 }  // namespace
 
 int RunDemo(std::ostream& out) {
   Transport transport;
-  out << "A new transport document:\n" << transport.TransportDoc() << "\n\n";
 
-  const Long site = transport.AddComponent(0, "Site", csNew);
-  const Long visits = transport.AddCollection(site, "Visits");
-  transport.AddComponent(visits, "Visit");
-  transport.AddComponent(visits, "Visit");
+  Step(out, "1. Load the stored document");
+  transport.TransportDoc(kSampleDocument);
+  PrintTree(transport, 0, 0, out);
+  std::string code, description;
+  const Long states = transport.FindDomainByName("states");
+  out << "domain " << transport.GetDomain(states, code, description) << " (" << description << ") has "
+      << transport.CountDomItems(states) << " items\n";
 
-  out << "Components, found through their handles:\n";
-  PrintTree(transport, 0, 1, out);
-  out << "\nThe whole document:\n" << transport.TransportDoc() << "\n";
+  Step(out, "2. Edit: change a value, delete a visit, add one");
+  const Long site = transport.FindChildCompByName(0, "site");
+  transport.ModifyCompProperty(site, transport.FindCompPropertyByName(site, "state"), "CLOSED");
+  const Long visits = transport.FindChildCompByName(site, "visits");
+  std::string name;
+  enComponentStatus status = csNormal;
+  enComponentType type = ctComponent;
+  transport.DeleteComponent(transport.GetCompChild(visits, 2, name, status, type));
+  const Long visit = transport.AddComponent(visits, "Visit", csNew);
+  transport.AddCompProperty(visit, "Date", "2026-11-22");
+  transport.AddCompProperty(visit, "Inspector", "Chen");
+  transport.AddCompProperty(visit, "Passed", "1");
+  PrintTree(transport, 0, 0, out);
+
+  Step(out, "3. Send only the changes");
+  out << transport.GenerateTransportDoc(tmShort) << "\n";
+
+  Step(out, "4. The other side answers with the full document; copy its values back");
+  std::string answer = transport.GenerateTransportDoc(tmMedium);
+  answer.replace(answer.find("Chen"), 4, "Chen (confirmed)");
+  transport.UpdateDocument(answer);
+  PrintTree(transport, visits, 0, out);
+
+  Step(out, "5. The exchange is done: clear the marks (new components keep theirs, deleted ones go)");
+  transport.ResetStatus();
+  out << transport.TransportDoc() << "\n";
   return 0;
 }
 

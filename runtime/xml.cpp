@@ -97,11 +97,26 @@ struct StringWriter : pugi::xml_writer {
 
 constexpr unsigned kSerializeFlags = pugi::format_raw | pugi::format_no_declaration;
 
+// True when the text may hold a text node made only of white space: a ">" followed by white
+// space and then "<". (A match inside a comment or an attribute only costs the slower load.)
+bool MayHoldWhiteSpaceText(std::string_view text) {
+  for (std::size_t end = text.find('>'); end != std::string_view::npos; end = text.find('>', end + 1)) {
+    std::size_t next = end + 1;
+    while (next < text.size() && (text[next] == ' ' || text[next] == '\t' || text[next] == '\r' || text[next] == '\n')) {
+      ++next;
+    }
+    if (next > end + 1 && next < text.size() && text[next] == '<') return true;
+  }
+  return false;
+}
+
 }  // namespace
 
 bool LoadText(pugi::xml_document& document, std::string_view text) {
   document.reset();
-  const bool keeps_spaces = text.find("xml:space") != std::string_view::npos;
+  // The parser drops white-space-only text by itself; only text that has such nodes inside an
+  // xml:space scope needs them kept at first and sorted out afterwards.
+  const bool keeps_spaces = text.find("xml:space") != std::string_view::npos && MayHoldWhiteSpaceText(text);
   const unsigned flags = keeps_spaces ? kParseFlags | pugi::parse_ws_pcdata : kParseFlags;
   const pugi::xml_parse_result result = document.load_buffer(text.data(), text.size(), flags, pugi::encoding_utf8);
   if (!result || CountElementChildren(document) != 1) {

@@ -137,14 +137,7 @@ enComponentStatus Transport::GetComponentStatus(Long lngHandle) {
 void Transport::RemoveComponentStatus(Long lngHandle) {
   pugi::xml_node element = impl_->NodeOf(lngHandle);
   element.remove_attribute("STATUS");
-  for (pugi::xml_node list = element.first_child(); list; list = list.next_sibling()) {
-    if (!xml::ElementNamed(list, "PROPERTIES")) continue;
-    for (pugi::xml_node property = list.first_child(); property; property = property.next_sibling()) {
-      if (property.type() != pugi::node_element) continue;
-      property.remove_attribute("STATUS");
-      property.remove_attribute("ORIGINAL");
-    }
-  }
+  IgnoreErrors([&] { ClearPropertyMarks(element); });
 }
 
 }  // namespace varnex

@@ -2,12 +2,9 @@
 // document, or cutting it out when the other side never saw it or is to forget it.
 //
 // Cut-out components stay alive outside the visible tree: their handles keep answering.
-#include <algorithm>
-#include <unordered_set>
-#include <vector>
-
 #include "runtime/nested_trap.hpp"
 #include "runtime/xml.hpp"
+#include "transport/handle_walk.hpp"
 #include "transport/node_status.hpp"
 #include "transport/transport_impl.hpp"
 
@@ -32,41 +29,23 @@ void Transport::Impl::CutOut(pugi::xml_node element) {
 }
 
 Boolean Transport::Impl::RecurseDeleteComponent(Long handle, Boolean forget) {
-  // Pending calls in the order the recursion would make them, each with its depth; the path holds
-  // the handles of the calls still open above the current one.
-  struct Call {
-    Long handle;
-    std::size_t depth;
-  };
-  std::vector<Call> pending{{handle, 1}};
-  std::vector<Long> path;
-  std::unordered_set<Long> on_path;
-  std::size_t depth = 1;
-  RunNested(Trap{"RecurseDeleteComponent"}, depth, [&] {
-    while (!pending.empty()) {
-      const Call call = pending.back();
-      pending.pop_back();
-      for (; path.size() >= call.depth; path.pop_back()) on_path.erase(path.back());
-      depth = call.depth;
-      // Coming back to a component whose call is still open would never end.
-      if (on_path.count(call.handle) != 0) throw AutomationError::Runtime(errOutOfStackSpace);
-
-      const pugi::xml_node element = NodeOf(call.handle);
+  HandleWalk walk(handle);
+  RunNested(Trap{"RecurseDeleteComponent"}, walk.depth(), [&] {
+    for (Long current; walk.Next(current);) {
+      const pugi::xml_node element = NodeOf(current);
       if (GetNodeStatus(element) == csNew || forget != vbFalse) {
         CutOut(element);
         continue;
       }
       SetAttribute(element, "STATUS", "DELETED");
-      path.push_back(call.handle);
-      on_path.insert(call.handle);
       // Only the first child of each wrapper is taken; an empty wrapper gives handle 0, the root.
-      const std::size_t first = pending.size();
-      for (pugi::xml_node child = element.first_child(); child; child = child.next_sibling()) {
-        if (xml::LocalNameIs(child, "COMPONENT") || xml::LocalNameIs(child, "COLLECTION")) {
-          pending.push_back({HandleOf(child.first_child()), call.depth + 1});
+      walk.Descend(current, [&](auto add) {
+        for (pugi::xml_node child = element.first_child(); child; child = child.next_sibling()) {
+          if (xml::LocalNameIs(child, "COMPONENT") || xml::LocalNameIs(child, "COLLECTION")) {
+            add(HandleOf(child.first_child()));
+          }
         }
-      }
-      std::reverse(pending.begin() + static_cast<std::ptrdiff_t>(first), pending.end());
+      });
     }
   });
   return vbFalse;

@@ -1,5 +1,7 @@
 #include "transport/node_status.hpp"
 
+#include <cstring>
+
 #include "runtime/text.hpp"
 
 namespace varnex {
@@ -24,6 +26,17 @@ const char* StatusText(Long status) {
 
 void WriteStatus(pugi::xml_node node, Long status) {
   if (const char* text = StatusText(status)) SetAttribute(node, "STATUS", text);
+}
+
+void ClearPropertyMarks(pugi::xml_node component) {
+  for (pugi::xml_node list = component.first_child(); list; list = list.next_sibling()) {
+    if (list.type() != pugi::node_element || std::strcmp(list.name(), "PROPERTIES") != 0) continue;
+    for (pugi::xml_node property = list.first_child(); property; property = property.next_sibling()) {
+      if (property.type() != pugi::node_element) continue;
+      property.remove_attribute("STATUS");
+      property.remove_attribute("ORIGINAL");
+    }
+  }
 }
 
 void SetAttribute(pugi::xml_node node, const char* name, const char* value) {

@@ -18,6 +18,9 @@ const char* StatusText(Long status);
 // Appends or replaces "STATUS" with the text of the status; does nothing for csNormal.
 void WriteStatus(pugi::xml_node node, Long status);
 
+// Removes "STATUS" and "ORIGINAL" from every property element of the component ("./PROPERTIES/*").
+void ClearPropertyMarks(pugi::xml_node component);
+
 // Sets an attribute, appending it when the element does not carry it yet.
 void SetAttribute(pugi::xml_node node, const char* name, const char* value);
 

@@ -2,8 +2,10 @@
 // take the answer back, clear the marks.
 #include "cli/demo.hpp"
 
+#include <memory>
 #include <string>
 
+#include "binding/provider_table.hpp"
 #include "cli/sample_document.hpp"
 #include "varnex/varnex.hpp"
 
@@ -83,6 +85,14 @@ int RunDemo(std::ostream& out) {
   Step(out, "5. The exchange is done: clear the marks (new components keep theirs, deleted ones go)");
   transport.ResetStatus();
   out << transport.TransportDoc() << "\n";
+
+  Step(out, "6. Show the visits in a grid, through a data source and its provider");
+  auto collection = std::make_shared<DataCollection>();
+  collection->Data(transport.GetComponentXML(visits));
+  DataCollectionSource source;
+  source.Data(collection);
+  source.DataTypes({vbString, vbString, vbBoolean});  // PASSED shows as a Boolean column
+  out << FormatProviderTable(*source.GetDataMember());
   return 0;
 }
 

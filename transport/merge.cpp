@@ -4,9 +4,9 @@
 // domain and domain item of the incoming document is added again through the public building
 // operations, so that the copies get fresh handles and enter the indexes as if built by hand.
 #include <string>
-#include <string_view>
 #include <vector>
 
+#include "runtime/nested_trap.hpp"
 #include "runtime/text.hpp"
 #include "runtime/trap.hpp"
 #include "runtime/xml.hpp"
@@ -15,8 +15,6 @@
 
 namespace varnex {
 namespace {
-
-constexpr std::string_view kRecursePrefix = "RecurseComponents: ";
 
 bool IsWrapper(pugi::xml_node node) {
   return xml::LocalNameIs(node, "COMPONENT") || xml::LocalNameIs(node, "COLLECTION");
@@ -43,15 +41,6 @@ std::string NameOf(pugi::xml_node node) { return std::string(xml::LocalName(node
 std::string AttributeText(pugi::xml_node node, const char* name) {
   const char* value = xml::AttributeOrNull(node, name);
   return value ? value : "";
-}
-
-// The error of a copy that failed `depth` levels down, with one prefix per level.
-AutomationError Nested(const AutomationError& error, std::size_t depth) {
-  std::string description;
-  description.reserve(depth * kRecursePrefix.size() + error.description().size());
-  for (std::size_t level = 0; level < depth; ++level) description += kRecursePrefix;
-  description += error.description();
-  return AutomationError(error.number(), error.source(), std::move(description));
 }
 
 // Creates the copy of one incoming component node with its attributes, attachments and
@@ -167,7 +156,7 @@ void Transport::Impl::RecurseComponents(Long parent, pugi::xml_node node) {
   };
   std::vector<Level> levels;
   std::size_t depth = 1;
-  try {
+  RunNested(Trap{"RecurseComponents"}, depth, [&] {
     const Long handle = CopyComponent(*this, parent, node);
     levels.push_back({handle, node.first_child()});
     while (!levels.empty()) {
@@ -188,11 +177,7 @@ void Transport::Impl::RecurseComponents(Long parent, pugi::xml_node node) {
         levels.push_back({copy, component.first_child()});
       }
     }
-  } catch (const AutomationError& error) {
-    throw Nested(error, depth);
-  } catch (const std::bad_alloc&) {
-    throw Nested(AutomationError::Runtime(errOutOfMemory), depth);
-  }
+  });
 }
 
 }  // namespace varnex

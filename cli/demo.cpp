@@ -7,42 +7,11 @@
 
 #include "binding/provider_table.hpp"
 #include "cli/sample_document.hpp"
+#include "cli/tree_printer.hpp"
 #include "varnex/varnex.hpp"
 
 namespace varnex::cli {
 namespace {
-
-const char* StatusWord(enComponentStatus status) {
-  switch (status) {
-    case csModified: return " [modified]";
-    case csNew: return " [new]";
-    case csDeleted: return " [deleted]";
-    default: return "";
-  }
-}
-
-// Prints the components under a parent with their properties, indented by depth.
-void PrintTree(Transport& transport, Long parent, int depth, std::ostream& out) {
-  const std::string indent(static_cast<std::size_t>(depth) * 2, ' ');
-  const Long count = transport.CountCompChildren(parent);
-  for (Long k = 1; k <= count; ++k) {
-    std::string name;
-    enComponentStatus status = csNormal;
-    enComponentType type = ctComponent;
-    const Long handle = transport.GetCompChild(parent, k, name, status, type);
-    out << indent << (type == ctcollection ? "collection " : "component ") << name << " #" << handle
-        << StatusWord(status) << "\n";
-    for (Long p = 1; p <= transport.CountCompProperties(handle); ++p) {
-      std::string value, original;
-      enComponentStatus property_status = csNormal;
-      const std::string property = transport.GetCompProperty(handle, p, value, property_status, original);
-      out << indent << "    " << property << " = \"" << value << "\"" << StatusWord(property_status);
-      if (!original.empty()) out << " (was \"" << original << "\")";
-      out << "\n";
-    }
-    PrintTree(transport, handle, depth + 1, out);
-  }
-}
 
 void Step(std::ostream& out, const char* title) { out << "\n== " << title << "\n"; }
 
@@ -53,7 +22,7 @@ int RunDemo(std::ostream& out) {
 
   Step(out, "1. Load the stored document");
   transport.TransportDoc(kSampleDocument);
-  PrintTree(transport, 0, 0, out);
+  PrintTree(transport, 0, out);
   std::string code, description;
   const Long states = transport.FindDomainByName("states");
   out << "domain " << transport.GetDomain(states, code, description) << " (" << description << ") has "
@@ -71,7 +40,7 @@ int RunDemo(std::ostream& out) {
   transport.AddCompProperty(visit, "Date", "2026-11-22");
   transport.AddCompProperty(visit, "Inspector", "Chen");
   transport.AddCompProperty(visit, "Passed", "1");
-  PrintTree(transport, 0, 0, out);
+  PrintTree(transport, 0, out);
 
   Step(out, "3. Send only the changes");
   out << transport.GenerateTransportDoc(tmShort) << "\n";
@@ -80,7 +49,7 @@ int RunDemo(std::ostream& out) {
   std::string answer = transport.GenerateTransportDoc(tmMedium);
   answer.replace(answer.find("Chen"), 4, "Chen (confirmed)");
   transport.UpdateDocument(answer);
-  PrintTree(transport, visits, 0, out);
+  PrintTree(transport, visits, out);
 
   Step(out, "5. The exchange is done: clear the marks (new components keep theirs, deleted ones go)");
   transport.ResetStatus();

@@ -5,38 +5,16 @@
 #include <benchmark/benchmark.h>
 #include <pugixml.hpp>
 
+#include "bench/sample_documents.hpp"
 #include "varnex/transport.hpp"
 
 namespace {
 
 using varnex::Long;
 
-// The prefix followed by the number (built by appending: "text" + std::string trips a false
-// warning of g++ 12).
-std::string Numbered(const char* prefix, int number) {
-  std::string text = prefix;
-  text += std::to_string(number);
-  return text;
-}
-
-// N components in three levels (site, collection, members), ten properties each, an attachment
-// per site; every 20th member modified, so that the short form keeps a part of the document.
+// Every 20th member modified, so that the short form keeps a part of the document.
 void Build(varnex::Transport& transport, Long components) {
-  const auto add_properties = [&](Long handle) {
-    for (int p = 0; p < 10; ++p) transport.AddCompProperty(handle, Numbered("P", p), Numbered("value ", p));
-  };
-  for (Long made = 0; made < components;) {
-    const Long site = transport.AddComponent(0, "Site");
-    add_properties(site);
-    transport.AddCompAttachment(site, "<NOTE><TEXT>remark</TEXT></NOTE>", varnex::vbTrue);
-    const Long members = transport.AddCollection(site, "Visits");
-    made += 2;
-    for (int v = 0; v < 8 && made < components; ++v, ++made) {
-      const Long member = transport.AddComponent(members, "Visit");
-      add_properties(member);
-      if (made % 20 == 0) transport.ModifyCompProperty(member, 3, "changed");
-    }
-  }
+  varnex::bench::BuildSample(transport, components, {.modify_every = 20});
 }
 
 void BM_BareParseAndSerialise(benchmark::State& state) {

@@ -5,44 +5,16 @@
 #include <benchmark/benchmark.h>
 #include <pugixml.hpp>
 
+#include "bench/sample_documents.hpp"
 #include "varnex/transport.hpp"
 
 namespace {
 
 using varnex::Long;
 
-// The prefix followed by the number (built by appending: "text" + std::string trips a false
-// warning of g++ 12).
-std::string Numbered(const char* prefix, int number) {
-  std::string text = prefix;
-  text += std::to_string(number);
-  return text;
-}
-
-// N components in three levels (site, collection, members), ten properties each, an attachment
-// per site, a few domains and links.
 std::string SampleDocument(Long components) {
   varnex::Transport transport;
-  for (int d = 0; d < 4; ++d) {
-    const Long domain = transport.AddDomain(Numbered("DOMAIN", d), "C", "Description");
-    for (int i = 0; i < 25; ++i) {
-      const Long item = transport.AddDomainItem(domain);
-      transport.AddDomainProperty(domain, item, "CODE", std::to_string(i));
-      transport.AddDomainProperty(domain, item, "DESC", Numbered("item ", i));
-    }
-  }
-  const auto add_properties = [&](Long handle) {
-    for (int p = 0; p < 10; ++p) transport.AddCompProperty(handle, Numbered("P", p), Numbered("value ", p));
-  };
-  for (Long made = 0; made < components;) {
-    const Long site = transport.AddComponent(0, "Site", varnex::csNew);
-    add_properties(site);
-    transport.AddCompAttachment(site, "<NOTE><TEXT>remark</TEXT></NOTE>", varnex::vbTrue);
-    const Long members = transport.AddCollection(site, "Visits");
-    made += 2;
-    for (int v = 0; v < 8 && made < components; ++v, ++made) add_properties(transport.AddComponent(members, "Visit"));
-  }
-  for (int p = 0; p < 10; ++p) transport.AddPropDomain(Numbered("P", p), "DOMAIN1");
+  varnex::bench::BuildSample(transport, components, {.domains = true, .site_status = varnex::csNew});
   return transport.TransportDoc();
 }
 

@@ -3,22 +3,15 @@
 
 #include "runtime/keyed_map.hpp"
 #include "runtime/trap.hpp"
+#include "support/errors.hpp"
 
 namespace varnex {
 namespace {
 
-AutomationError Caught(const std::function<void()>& body) {
-  try {
-    body();
-  } catch (const AutomationError& error) {
-    return error;
-  }
-  ADD_FAILURE() << "no error was raised";
-  return AutomationError(0, "", "");
-}
+using testing::ErrorOf;
 
 TEST(ErrorTrap, PrefixesKeepNumberAndSourceAndNest) {
-  const auto error = Caught([] {
+  const auto error = ErrorOf([] {
     Trap{"Outer"}.Run([] { Trap{"Inner"}.Run([]() -> int { throw AutomationError(77, "Src", "went wrong"); }); });
   });
   EXPECT_EQ(error.number(), 77);
@@ -28,26 +21,26 @@ TEST(ErrorTrap, PrefixesKeepNumberAndSourceAndNest) {
 
 TEST(ErrorTrap, TranslatesObjectRequiredOnlyWhereAsked) {
   const auto unknown = [] { throw AutomationError::Runtime(errObjectRequired); };
-  const auto translated = Caught([&] { Trap{"AddComponent", kInvalidHandle}.Run(unknown); });
+  const auto translated = ErrorOf([&] { Trap{"AddComponent", kInvalidHandle}.Run(unknown); });
   EXPECT_EQ(translated.number(), errObjectRequired);
   EXPECT_EQ(translated.description(), "AddComponent: Invalid Handle");
 
-  const auto nested = Caught([&] {
+  const auto nested = ErrorOf([&] {
     Trap{"GetCompChild", kInvalidHandle}.Run([&] { Trap{"CheckAndRebuildChildIndexes"}.Run(unknown); });
   });
   EXPECT_EQ(nested.description(), "GetCompChild: Invalid Handle") << "the translation replaces inner prefixes";
 
-  const auto plain = Caught([&] { Trap{"ChiildOfCollection"}.Run(unknown); });
+  const auto plain = ErrorOf([&] { Trap{"ChiildOfCollection"}.Run(unknown); });
   EXPECT_EQ(plain.description(), "ChiildOfCollection: Object required");
 
-  const auto other = Caught([] {
+  const auto other = ErrorOf([] {
     Trap{"AddComponent", kInvalidHandle}.Run([] { throw AutomationError::Runtime(errObjectNotSet); });
   });
   EXPECT_EQ(other.description(), "AddComponent: Object variable or With block variable not set");
 }
 
 TEST(ErrorTrap, CanReplaceTheSource) {
-  const auto error = Caught([] {
+  const auto error = ErrorOf([] {
     Trap{"AddCompPrototypeProperty", "Invalid Handle.", "Transport"}.Run(
         [] { throw AutomationError::Runtime(errObjectRequired); });
   });

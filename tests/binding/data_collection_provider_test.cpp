@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "binding/fake_data_collection.hpp"
+#include "binding/provider_table.hpp"
 
 namespace varnex {
 namespace {
@@ -84,22 +85,20 @@ TEST(DataCollectionProviderTest, CellsOutsideTheTableAreBlankOrEmptyNeverErrors)
 
 TEST(DataCollectionProviderTest, LoadFailuresRaiseTheClassErrorOnly) {
   DataCollectionProvider provider;
-  const auto expect_load_error = [](const AutomationError& error) {
-    EXPECT_EQ(error.number(), errClass);
-    EXPECT_EQ(error.source(), "DataCollectionProvider");
-    EXPECT_EQ(error.description(), "Error Loading Data into Provider.");
+  const auto expect_load_error = [](const std::function<void()>& load) {
+    EXPECT_AUTOMATION_ERROR_FROM(load(), errClass, "DataCollectionProvider", "Error Loading Data into Provider.");
   };
-  expect_load_error(testing::ErrorOf([&] { provider.LoadData(People(), std::nullopt); }));
+  expect_load_error([&] { provider.LoadData(People(), std::nullopt); });
   // Work done before the failure stays.
   EXPECT_EQ(provider.getColumnCount(), 3);
   EXPECT_EQ(provider.getVariant(1, 1, 0), Variant("Ann"));
 
-  expect_load_error(testing::ErrorOf([&] { provider.LoadData(nullptr, kNoTypes); }));
+  expect_load_error([&] { provider.LoadData(nullptr, kNoTypes); });
   struct BrokenNames : FakeDataCollection {
     BrokenNames() : FakeDataCollection({"A"}, {}) {}
     Long CountPropertyNames() override { return 2; }  // one more than PropertyNames knows
   };
-  expect_load_error(testing::ErrorOf([&] { provider.LoadData(std::make_shared<BrokenNames>(), kNoTypes); }));
+  expect_load_error([&] { provider.LoadData(std::make_shared<BrokenNames>(), kNoTypes); });
 }
 
 // A listener that fails the test when the provider calls it.
@@ -141,6 +140,17 @@ TEST(DataCollectionProviderTest, RemovingAListenerWalksPastTheEndAfterARemoval) 
   provider.setVariant(1, 1, 0, Variant("x"));
   provider.deleteRows(1, 1);
   provider.insertRows(1, 1);
+}
+
+TEST(DataCollectionProviderTest, FormatsAsATableOfTheHeaderAndEveryRow) {
+  DataCollectionProvider provider;
+  provider.LoadData(People(), std::vector<Long>{vbString, vbString, vbBoolean}, "Name,Active,Active");
+  EXPECT_EQ(FormatProviderTable(provider),
+            "NAME | ACTIVE | ACTIVE\n"
+            "-----+--------+-------\n"
+            "Ann  | yes    | True\n"
+            "Bob  | no     | False\n"
+            "Cy   | TRUE   | True\n");
 }
 
 }  // namespace

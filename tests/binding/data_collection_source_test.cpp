@@ -10,16 +10,13 @@ namespace {
 TEST(DataCollectionSourceTest, RequestsFailWithoutDataOrWithoutTypes) {
   DataCollectionSource source;
   source.DataTypes({});
-  AutomationError error = testing::ErrorOf([&] { source.GetDataMember(); });
-  EXPECT_EQ(error.number(), static_cast<Long>(0x80040201));
-  EXPECT_EQ(error.source(), "DataCollectionSource");
-  EXPECT_EQ(error.description(), "DataSource contains no data.");
+  EXPECT_AUTOMATION_ERROR_FROM(source.GetDataMember(), static_cast<Long>(0x80040201), "DataCollectionSource",
+                               "DataSource contains no data.");
 
   DataCollectionSource untyped;
   untyped.Data(testing::People());
-  error = testing::ErrorOf([&] { untyped.GetDataMember(); });
-  EXPECT_EQ(error.source(), "DataCollectionProvider");
-  EXPECT_EQ(error.description(), "Error Loading Data into Provider.");
+  EXPECT_AUTOMATION_ERROR_FROM(untyped.GetDataMember(), errClass, "DataCollectionProvider",
+                               "Error Loading Data into Provider.");
   // An empty list is a list that was set.
   untyped.DataTypes({});
   EXPECT_EQ(untyped.GetDataMember()->getRowCount(), 3);

@@ -157,10 +157,8 @@ TEST(GridBindingTest, OtherControlsAndGridsWithoutColumnsGetNoTypes) {
 TEST(GridBindingTest, FailuresBeforeRestoringAreTheBindingErrorLaterOnesAreIgnored) {
   const auto data = std::make_shared<DataCollection>();
   const auto binding_error = [](FakeGrid& grid, auto& collection) {
-    const AutomationError error = testing::ErrorOf([&] { collection.BindToGrid(grid, "A,B,C"); });
-    EXPECT_EQ(error.number(), errClass);
-    EXPECT_EQ(error.source(), "DataCollection");
-    EXPECT_EQ(error.description(), "Error Binding to Grid.");
+    EXPECT_AUTOMATION_ERROR_FROM(collection.BindToGrid(grid, "A,B,C"), errClass, "DataCollection",
+                                 "Error Binding to Grid.");
   };
   for (const char* failing : {"TypeName", "Get cols", "Get colwidth", "Get rows", "Get Cell", "Get ColDataType", "Set DataSource"}) {
     FakeGrid grid("VSFlexGrid", 3, 1);

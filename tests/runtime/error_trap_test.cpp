@@ -1,7 +1,6 @@
-// The error trap and the keyed lists that every operation relies on.
+// The error trap that every operation runs under.
 #include <gtest/gtest.h>
 
-#include "runtime/keyed_map.hpp"
 #include "runtime/trap.hpp"
 #include "support/errors.hpp"
 
@@ -66,23 +65,6 @@ TEST(RuntimeErrors, CarryTheStandardTexts) {
   const auto class_error = AutomationError::Class("Transport", "Invalid XML supplied.");
   EXPECT_EQ(class_error.number(), -2147220991);
   EXPECT_STREQ(class_error.what(), "Invalid XML supplied.");
-}
-
-TEST(KeyedMap, ReadOfAMissingKeyLeavesItBehind) {
-  KeyedMap<int> map(KeyCompare::Text);
-  EXPECT_FALSE(map.Exists("abc"));
-  EXPECT_EQ(map.Item("abc"), 0);
-  EXPECT_TRUE(map.Exists("ABC")) << "text compare ignores case, and the read added the key";
-  try {
-    map.Add("Abc", 1);
-    FAIL() << "adding a key left behind by a read must fail";
-  } catch (const AutomationError& error) {
-    EXPECT_EQ(error.number(), errDuplicateKey);
-  }
-  KeyedMap<int> binary;
-  binary.Add("a", 1);
-  binary.Add("A", 2);
-  EXPECT_EQ(binary.Item("a") + binary.Item("A"), 3);
 }
 
 }  // namespace

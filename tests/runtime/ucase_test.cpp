@@ -18,7 +18,7 @@ TEST(UCase, AsciiLettersOnly) {
   EXPECT_EQ(UCase(std::string("a\0b", 3)), std::string("A\0B", 3));
 }
 
-TEST(UCase, LettersBeyondAscii) {
+TEST(UCase, LettersBeyondAsciiOneToOneMappingsOnly) {
   EXPECT_EQ(UCase("café crème"), "CAFÉ CRÈME");
   EXPECT_EQ(UCase("señor ÿ µ"), "SEÑOR Ÿ Μ");
   EXPECT_EQ(UCase("ǆ ǅ"), "Ǆ Ǆ");
@@ -30,15 +30,10 @@ TEST(UCase, LettersBeyondAscii) {
   EXPECT_EQ(UCase("ÀÉ Ω Я 日本語 ١٢ € ✓"), "ÀÉ Ω Я 日本語 ١٢ € ✓");
   // Blocks where upper- and lower-case letters alternate.
   EXPECT_EQ(UCase("ĀāĂăĄą Ѡѡ Ḁḁ"), "ĀĀĂĂĄĄ ѠѠ ḀḀ");
-}
-
-TEST(UCase, OneToOneMappingsOnly) {
   // Letters whose upper-case form is several code points stay as they are.
   EXPECT_EQ(UCase("straße"), "STRAßE");
   EXPECT_EQ(UCase("ŉ ǰ ΐ ﬀ ﬁ ᾳ"), "ŉ ǰ ΐ ﬀ ﬁ ᾳ");
-}
-
-TEST(UCase, ByteLengthMayChange) {
+  // The byte length may change.
   EXPECT_EQ(UCase("ı"), "I");          // two bytes to one
   EXPECT_EQ(UCase("ſ"), "S");
   EXPECT_EQ(UCase("ɐ ȿ"), "Ɐ Ȿ");      // two bytes to three
@@ -81,19 +76,10 @@ TEST(EqualsIgnoreCase, TextBeyondAscii) {
   EXPECT_FALSE(EqualsIgnoreCase("straße", "STRASSE"));
   EXPECT_FALSE(EqualsIgnoreCase("é", "e"));
   EXPECT_FALSE(EqualsIgnoreCase("ЁЖ", "ЕЖ"));
-  // Texts of different byte lengths can be equal once upper-cased.
-  EXPECT_TRUE(EqualsIgnoreCase("ı", "i"));
+  // Texts of different byte lengths can be equal once upper-cased (more in the random test below).
   EXPECT_TRUE(EqualsIgnoreCase("ɐbc", "ⱯBC"));
-  EXPECT_TRUE(EqualsIgnoreCase("ⱥ", "Ⱥ"));
-  EXPECT_FALSE(EqualsIgnoreCase("ıı", "I"));
-}
-
-TEST(EqualsIgnoreCase, MalformedBytesCompareAsThemselves) {
-  EXPECT_TRUE(EqualsIgnoreCase("a\xFF", "A\xFF"));
+  // Malformed bytes compare as themselves: one is not the letter it would start.
   EXPECT_FALSE(EqualsIgnoreCase("a\xFF", "A\xFE"));
-  EXPECT_TRUE(EqualsIgnoreCase("\xC3" "é", "\xC3" "É"));
-  EXPECT_FALSE(EqualsIgnoreCase("\xC3", "\xC3\xA9"));
-  // A malformed byte is not the letter it would start.
   EXPECT_FALSE(EqualsIgnoreCase("\xC3" "a", "\xC3\x81"));
 }
 

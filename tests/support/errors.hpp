@@ -30,3 +30,12 @@ inline AutomationError ErrorOf(const std::function<void()>& body) {
     EXPECT_EQ(error_.number(), (expected_number));                                          \
     EXPECT_EQ(error_.description(), (expected_description));                                \
   } while (false)
+
+// Expects the statement to raise an automation error with this number, source and description.
+#define EXPECT_AUTOMATION_ERROR_FROM(statement, expected_number, expected_source, expected_description) \
+  do {                                                                                                \
+    const ::varnex::AutomationError error_ = ::varnex::testing::ErrorOf([&] { statement; });           \
+    EXPECT_EQ(error_.number(), (expected_number));                                                    \
+    EXPECT_EQ(error_.source(), (expected_source));                                                    \
+    EXPECT_EQ(error_.description(), (expected_description));                                          \
+  } while (false)

@@ -11,12 +11,6 @@ namespace {
 
 std::string Xml(Transport& t, Long handle) { return xml::Serialize(t.impl().NodeOf(handle)); }
 
-void ExpectTransportError(const AutomationError& error, const std::string& description) {
-  EXPECT_EQ(error.number(), errClass);
-  EXPECT_EQ(error.source(), "Transport");
-  EXPECT_EQ(error.description(), description);
-}
-
 TEST(FreeAttributes, AreSetReplacedAndReadWithoutMarkingAChange) {
   Transport t;
   const Long h = t.AddComponent(0, "site");
@@ -29,8 +23,9 @@ TEST(FreeAttributes, AreSetReplacedAndReadWithoutMarkingAChange) {
   EXPECT_EQ(t.GetComponentStatus(h), csNormal);
 
   EXPECT_AUTOMATION_ERROR(t.GetCompAttribute(h, "id"), errInvalidUseOfNull, "GetCompAttribute: Invalid use of Null");
-  ExpectTransportError(testing::ErrorOf([&] { t.GetCompAttribute(99, "ID"); }), "GetCompAttribute: Invalid Handle");
-  ExpectTransportError(testing::ErrorOf([&] { t.AddCompAttribute(99, "ID", "1"); }), "AddCompAttribute: Invalid Handle");
+  EXPECT_AUTOMATION_ERROR_FROM(t.GetCompAttribute(99, "ID"), errClass, "Transport", "GetCompAttribute: Invalid Handle");
+  EXPECT_AUTOMATION_ERROR_FROM(t.AddCompAttribute(99, "ID", "1"), errClass, "Transport",
+                               "AddCompAttribute: Invalid Handle");
   EXPECT_AUTOMATION_ERROR(t.AddCompAttribute(h, "a b", "1"), errXml,
                           "AddCompAttribute: The name 'a b' is not a valid XML attribute name.");
   t.AddCompProperty(h, "a", "1");
@@ -67,13 +62,13 @@ TEST(Attachments, AreKeptAsGivenAndFoundByExactName) {
 TEST(Attachments, Failures) {
   Transport t;
   const Long h = t.AddComponent(0, "site");
-  ExpectTransportError(testing::ErrorOf([&] { t.AddCompAttachment(h, "<open>"); }),
-                       "AddCompAttachment: Invalid XML supplied.");
+  EXPECT_AUTOMATION_ERROR_FROM(t.AddCompAttachment(h, "<open>"), errClass, "Transport",
+                               "AddCompAttachment: Invalid XML supplied.");
   EXPECT_EQ(Xml(t, h), "<SITE><ATTACHMENTS/></SITE>") << "the list created first stays";
   EXPECT_AUTOMATION_ERROR(t.AddCompAttachment(99, "<A/>"), errObjectRequired, "AddCompAttachment: Object required");
   t.AddCompAttachment(h, "<NOTE/>");
-  ExpectTransportError(testing::ErrorOf([&] { t.GetCompAttachment(h, "note"); }),
-                       "GetCompAttachment: Attachment not found.");
+  EXPECT_AUTOMATION_ERROR_FROM(t.GetCompAttachment(h, "note"), errClass, "Transport",
+                               "GetCompAttachment: Attachment not found.");
   EXPECT_AUTOMATION_ERROR(t.GetCompAttachment(99, "NOTE"), errObjectRequired, "GetCompAttachment: Object required");
   EXPECT_EQ(testing::ErrorOf([&] { t.GetCompAttachment(h, "two words"); }).number(), errXml);
 }

@@ -42,6 +42,12 @@ TEST(DeleteComponent, HandlesOfCutOutComponentsKeepAnswering) {
   // Additions go into the cut-out tree; marking works there; the cut-out top has no parent.
   const Long visit = transport.AddComponent(visits, "Visit");
   EXPECT_EQ(transport.CountCompChildren(visits), 0);
+  EXPECT_EQ(transport.FindChildCompByName(visits, "visit"), visit);
+  EXPECT_EQ(transport.FindChildCompByName(0, "Site"), 0);
+  EXPECT_AUTOMATION_ERROR(transport.ChildOfCollection(site), errObjectNotSet,
+                          "ChiildOfCollection: Object variable or With block variable not set");
+  EXPECT_EQ(transport.GetComponentXML(visit),
+            "<TALVEN><COMPONENT><VISIT/></COMPONENT><DOMAIN/><PROPERTY_DOMAINS/></TALVEN>");
   EXPECT_EQ(transport.DeleteComponent(visits), vbTrue);
   EXPECT_EQ(transport.GetComponentStatus(visit), csDeleted);
   EXPECT_EQ(ErrorOf([&] { transport.DeleteComponent(site); }).description(),

@@ -12,6 +12,7 @@ TEST(GenerateTransportDoc, FullMediumAndShortOfTheSameDocument) {
   Transport transport;
   EXPECT_EQ(transport.GenerateTransportDoc(tmShort) + transport.GenerateTransportDoc(tmMedium),
             "<TALVEN></TALVEN><TALVEN></TALVEN>");
+  EXPECT_EQ(transport.GenerateTransportDoc(tmFull), "<TALVEN><DOMAIN/><PROPERTY_DOMAINS/></TALVEN>");
   const std::string site = "<COMPONENT><S><PROPERTIES><P>1</P></PROPERTIES><COLLECTION><V><PROTOTYPE/><COMPONENT>"
                            "<W STATUS=\"MODIFIED\"/></COMPONENT><COMPONENT><W/></COMPONENT></V></COLLECTION></S>"
                            "</COMPONENT>";

@@ -9,12 +9,6 @@
 namespace varnex {
 namespace {
 
-void ExpectTransportError(const AutomationError& error, Long number, const std::string& description) {
-  EXPECT_EQ(error.number(), number);
-  EXPECT_EQ(error.source(), "Transport");
-  EXPECT_EQ(error.description(), description);
-}
-
 TEST(Prototypes, CollectionsKeepDefaultsInOrderAndComponentsRefuseThem) {
   Transport t;
   const Long visits = t.AddCollection(0, "visits");
@@ -28,24 +22,22 @@ TEST(Prototypes, CollectionsKeepDefaultsInOrderAndComponentsRefuseThem) {
   EXPECT_EQ(defaults.Item("COLOUR").AsString(), "red");
   EXPECT_FALSE(defaults.Exists("colour")) << "keys compare exactly";
   EXPECT_EQ(t.GetCompPrototypeProperties(visit).Count(), 0);
-  ExpectTransportError(testing::ErrorOf([&] { t.AddCompPrototypeProperty(visit, "a"); }), errClass,
-                       "AddCompPrototypeProperty: Invalid handle.  Handle must be a collection.");
+  EXPECT_AUTOMATION_ERROR_FROM(t.AddCompPrototypeProperty(visit, "a"), errClass, "Transport",
+                               "AddCompPrototypeProperty: Invalid handle.  Handle must be a collection.");
 }
 
 TEST(Prototypes, Failures) {
   Transport t;
   const Long visits = t.AddCollection(0, "visits");
-  ExpectTransportError(testing::ErrorOf([&] { t.AddCompPrototypeProperty(99, "a"); }), errObjectRequired,
-                       "AddCompPrototypeProperty: Invalid Handle.");
-  ExpectTransportError(testing::ErrorOf([&] { t.GetCompPrototypeProperties(99); }), errObjectRequired,
-                       "GetCompPrototypeProperties: Invalid Handle.");
-  ExpectTransportError(testing::ErrorOf([&] { t.AddCompPrototypeProperty(visits, "two words"); }), errXml,
-                       "AddCompPrototypeProperty: The name 'TWO WORDS' is not a valid XML element name.");
+  EXPECT_AUTOMATION_ERROR_FROM(t.AddCompPrototypeProperty(99, "a"), errObjectRequired, "Transport", "AddCompPrototypeProperty: Invalid Handle.");
+  EXPECT_AUTOMATION_ERROR_FROM(t.GetCompPrototypeProperties(99), errObjectRequired, "Transport", "GetCompPrototypeProperties: Invalid Handle.");
+  EXPECT_AUTOMATION_ERROR_FROM(t.AddCompPrototypeProperty(visits, "two words"), errXml, "Transport",
+                               "AddCompPrototypeProperty: The name 'TWO WORDS' is not a valid XML element name.");
   EXPECT_EQ(xml::Serialize(t.impl().NodeOf(visits)), "<VISITS><PROTOTYPE/></VISITS>");
   t.AddCompPrototypeProperty(visits, "colour", "red");
   t.AddCompPrototypeProperty(visits, "Colour", "blue");
-  ExpectTransportError(testing::ErrorOf([&] { t.GetCompPrototypeProperties(visits); }), errDuplicateKey,
-                       "GetCompPrototypeProperties: This key is already associated with an element of this collection");
+  EXPECT_AUTOMATION_ERROR_FROM(t.GetCompPrototypeProperties(visits), errDuplicateKey, "Transport",
+                               "GetCompPrototypeProperties: This key is already associated with an element of this collection");
 }
 
 }  // namespace

@@ -32,8 +32,8 @@ TEST(ResetStatus, ClearsModifiedCutsOutDeletedLeavesNewAlone) {
 
 TEST(ResetStatus, Failures) {
   Transport empty;  // nothing under handle 1
-  EXPECT_AUTOMATION_ERROR(empty.ResetStatus(), errObjectRequired, "Error Resetting Component Status: Object required");
-  EXPECT_EQ(ErrorOf([&] { empty.ResetStatus(); }).source(), "Transport");
+  EXPECT_AUTOMATION_ERROR_FROM(empty.ResetStatus(), errObjectRequired, "Transport",
+                               "Error Resetting Component Status: Object required");
 
   // A second element in a wrapper has no handle and reads as the root, which leads back to 1.
   Transport looped;

@@ -177,6 +177,13 @@ bool ElementNamed(pugi::xml_node node, const char* name) {
   return node.type() == pugi::node_element && std::strcmp(node.name(), name) == 0;
 }
 
+pugi::xml_node ChildElement(pugi::xml_node node, const char* name) {
+  for (pugi::xml_node child = node.first_child(); child; child = child.next_sibling()) {
+    if (ElementNamed(child, name)) return child;
+  }
+  return {};
+}
+
 std::string Text(pugi::xml_node node) {
   switch (node.type()) {
     case pugi::node_pcdata:

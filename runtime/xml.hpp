@@ -29,6 +29,9 @@ std::string_view LocalName(pugi::xml_node node);
 bool LocalNameIs(pugi::xml_node node, std::string_view name);
 // True for an element whose name is exactly `name` (an XPath name test).
 bool ElementNamed(pugi::xml_node node, const char* name);
+// The first child element named exactly `name`, as the path step "./name" selects it; empty when
+// there is none.
+pugi::xml_node ChildElement(pugi::xml_node node, const char* name);
 
 // An element's text: the concatenation of its descendants' text; a text, comment or processing
 // instruction node's own value.

@@ -11,13 +11,6 @@
 namespace varnex {
 namespace {
 
-pugi::xml_node FirstChildNamed(pugi::xml_node element, const char* name) {
-  for (pugi::xml_node child = element.first_child(); child; child = child.next_sibling()) {
-    if (xml::ElementNamed(child, name)) return child;
-  }
-  return {};
-}
-
 // The node that goes into "ATTACHMENTS" for the first node of a loaded fragment. An XML
 // declaration cannot stand inside an element, so it travels as the processing instruction that
 // reads the same ("<?xml version="1.0"?>"), built beside it in the working document.
@@ -59,7 +52,7 @@ Boolean Transport::AddCompAttachment(Long lngHandle, const std::string& strXml, 
   return Trap{"AddCompAttachment"}.Run([&] {
     xml::XmlDocument& doc = impl_->Document();
     const pugi::xml_node element = impl_->NodeOf(lngHandle);
-    pugi::xml_node attachments = FirstChildNamed(element, "ATTACHMENTS");
+    pugi::xml_node attachments = xml::ChildElement(element, "ATTACHMENTS");
     if (!attachments) attachments = doc.AppendElement(element, "ATTACHMENTS");
 
     pugi::xml_document fragment;
@@ -89,7 +82,7 @@ std::string Transport::GetCompAttachment(Long lngHandle, const std::string& strN
 
 bool Transport::Impl::NodeHasPersistantAttachments(pugi::xml_node node) {
   return Trap{"NodeHasPersistantAttachments"}.Run([&] {
-    const pugi::xml_node attachments = FirstChildNamed(node, "ATTACHMENTS");
+    const pugi::xml_node attachments = xml::ChildElement(node, "ATTACHMENTS");
     if (!attachments) return false;
     for (pugi::xml_node child = attachments.first_child(); child; child = child.next_sibling()) {
       if (EqualsIgnoreCase(child.attribute("persist").value(), "true")) return true;

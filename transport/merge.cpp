@@ -28,14 +28,6 @@ pugi::xml_node ComponentNodeOf(pugi::xml_node wrapper) {
   return node;
 }
 
-// The first child element of exactly this name, as a path step "./NAME" selects it.
-pugi::xml_node ChildNamed(pugi::xml_node node, const char* name) {
-  for (pugi::xml_node child = node.first_child(); child; child = child.next_sibling()) {
-    if (xml::ElementNamed(child, name)) return child;
-  }
-  return {};
-}
-
 std::string NameOf(pugi::xml_node node) { return std::string(xml::LocalName(node)); }
 
 std::string AttributeText(pugi::xml_node node, const char* name) {
@@ -58,7 +50,7 @@ Long CopyComponent(Transport::Impl& impl, Long parent, pugi::xml_node node) {
       self.AddCompAttribute(handle, attribute.name(), attribute.value());
     }
   }
-  if (const pugi::xml_node attachments = ChildNamed(node, "ATTACHMENTS")) {
+  if (const pugi::xml_node attachments = xml::ChildElement(node, "ATTACHMENTS")) {
     std::string text;
     for (pugi::xml_node attachment = attachments.first_child(); attachment; attachment = attachment.next_sibling()) {
       text.clear();
@@ -67,7 +59,7 @@ Long CopyComponent(Transport::Impl& impl, Long parent, pugi::xml_node node) {
       self.AddCompAttachment(handle, text, persist && EqualsIgnoreCase(persist, "true") ? vbTrue : vbFalse);
     }
   }
-  if (const pugi::xml_node prototype = ChildNamed(node, "PROTOTYPE")) {
+  if (const pugi::xml_node prototype = xml::ChildElement(node, "PROTOTYPE")) {
     impl.Document().AppendCopy(impl.NodeOf(handle), prototype);
     // The element moves over: it leaves the incoming tree (kept aside, alive, at the top of the
     // incoming document), so that a second copy of this node, or a later search, no longer

@@ -66,8 +66,7 @@ Long Transport::FindCompPropertyByName(Long lngParent, const std::string& strPro
     const pugi::xml_node element = impl_->NodeOf(lngParent);
     if (!element.first_child()) return Long{0};
     // Unlike the container lookup of AddCompProperty, this one matches the name exactly.
-    pugi::xml_node list = element.first_child();
-    while (list && !xml::ElementNamed(list, "PROPERTIES")) list = list.next_sibling();
+    const pugi::xml_node list = xml::ChildElement(element, "PROPERTIES");
     if (!list) throw AutomationError::Runtime(errObjectNotSet);
     Long position = 1;
     for (pugi::xml_node property = list.first_child(); property; property = property.next_sibling(), ++position) {

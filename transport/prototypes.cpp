@@ -30,8 +30,7 @@ Boolean Transport::AddCompPrototypeProperty(Long lngHandle, const std::string& s
     if (!EqualsIgnoreCase(wrapper.name(), "COLLECTION")) {
       throw AutomationError::Class("Transport", "Invalid handle.  Handle must be a collection.");
     }
-    pugi::xml_node prototype = element.first_child();
-    while (prototype && !xml::ElementNamed(prototype, "PROTOTYPE")) prototype = prototype.next_sibling();
+    pugi::xml_node prototype = xml::ChildElement(element, "PROTOTYPE");
     if (!prototype) prototype = doc.AppendElement(element, "PROTOTYPE");
     doc.SetText(doc.AppendElement(prototype, UCase(strPropertyName)), strValue);
     return vbTrue;

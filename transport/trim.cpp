@@ -22,14 +22,6 @@ bool IsWrapper(pugi::xml_node node) {
   return xml::LocalNameIs(node, "COMPONENT") || xml::LocalNameIs(node, "COLLECTION");
 }
 
-// The first child element named exactly `name`, as the relative XPath step finds it.
-pugi::xml_node ChildNamed(pugi::xml_node node, const char* name) {
-  for (pugi::xml_node child = node.first_child(); child; child = child.next_sibling()) {
-    if (xml::ElementNamed(child, name)) return child;
-  }
-  return {};
-}
-
 // Whether the attachment pass strips this attachment. The full reduction keeps only attachments
 // whose "persist" is "true" (any case); the mild one strips only those that say otherwise.
 bool Strips(pugi::xml_node attachment, bool mild) {
@@ -98,7 +90,7 @@ bool TrimWalk(Transport::Impl& impl, pugi::xml_node node, Boolean& kill, bool mi
       const bool doomed = !mild && impl.ChildCompCount(current) == 0 && impl.HasModifications(current) == csNormal &&
                           !impl.NodeHasPersistantAttachments(current);
       if (current.first_child()) {
-        if (const pugi::xml_node attachments = ChildNamed(current, "ATTACHMENTS")) {
+        if (const pugi::xml_node attachments = xml::ChildElement(current, "ATTACHMENTS")) {
           if (!policy.Attachments(attachments)) return false;
           // A removed attachment has no next sibling: the walk ends at the first removal.
           for (pugi::xml_node attachment = attachments.first_child(); attachment;
@@ -110,7 +102,7 @@ bool TrimWalk(Transport::Impl& impl, pugi::xml_node node, Boolean& kill, bool mi
           }
         }
       }
-      if (const pugi::xml_node prototype = ChildNamed(current, "PROTOTYPE")) policy.Remove(current, prototype);
+      if (const pugi::xml_node prototype = xml::ChildElement(current, "PROTOTYPE")) policy.Remove(current, prototype);
       for (const pugi::xml_node marked : level.doomed) policy.Remove(current, marked);
 
       levels.pop_back();

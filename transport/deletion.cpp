@@ -7,6 +7,7 @@
 #include "transport/handle_walk.hpp"
 #include "transport/node_status.hpp"
 #include "transport/transport_impl.hpp"
+#include "transport/wrapper_names.hpp"
 
 namespace varnex {
 
@@ -41,7 +42,7 @@ Boolean Transport::Impl::RecurseDeleteComponent(Long handle, Boolean forget) {
       // Only the first child of each wrapper is taken; an empty wrapper gives handle 0, the root.
       walk.Descend(current, [&](auto add) {
         for (pugi::xml_node child = element.first_child(); child; child = child.next_sibling()) {
-          if (xml::LocalNameIs(child, "COMPONENT") || xml::LocalNameIs(child, "COLLECTION")) {
+          if (IsWrapper(child)) {
             add(HandleOf(child.first_child()));
           }
         }

@@ -1,6 +1,7 @@
 // The handle indexes: issuing and looking up handles, and the lazy rebuild of the child and
 // property indexes from the document.
 #include "transport/transport_impl.hpp"
+#include "transport/wrapper_names.hpp"
 
 #include "runtime/trap.hpp"
 #include "runtime/xml.hpp"
@@ -33,7 +34,7 @@ void Transport::Impl::CheckAndRebuildChildIndexes() {
     std::vector<ChildIndex::Entry> entries;
     if (root) {
       xml::WalkElements(root, [&](pugi::xml_node element) {
-        if (xml::ElementNamed(element, "COMPONENT") || xml::ElementNamed(element, "COLLECTION")) {
+        if (IsSelectedWrapper(element)) {
           const pugi::xml_node parent = element.parent();
           const Long parent_handle = IsRootNamed(parent) ? 0 : HandleOf(parent);
           // A wrapper whose parent has no handle is filed under a key no caller can name.

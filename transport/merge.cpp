@@ -11,14 +11,12 @@
 #include "runtime/trap.hpp"
 #include "runtime/xml.hpp"
 #include "transport/node_status.hpp"
+#include "transport/root_wrappers.hpp"
 #include "transport/transport_impl.hpp"
+#include "transport/wrapper_names.hpp"
 
 namespace varnex {
 namespace {
-
-bool IsWrapper(pugi::xml_node node) {
-  return xml::LocalNameIs(node, "COMPONENT") || xml::LocalNameIs(node, "COLLECTION");
-}
 
 // The component node of a wrapper: its first child, taken as an element. Another kind of node
 // cannot be taken as one (13); no child at all fails later, when the copy reads its parent.
@@ -94,15 +92,7 @@ Long Transport::Impl::MergeTransportIn(Long parent, pugi::xml_document& incoming
     const pugi::xml_node top = incoming.document_element();
     // Every wrapper whose parent is named like the own root, wherever it stands, in document
     // order: a component named like the root has its wrappers taken here as well as inside it.
-    std::vector<pugi::xml_node> wrappers;
-    xml::WalkElements(top, [&](pugi::xml_node element) {
-      if ((xml::ElementNamed(element, "COMPONENT") || xml::ElementNamed(element, "COLLECTION")) &&
-          root_name == element.parent().name()) {
-        wrappers.push_back(element);
-      }
-      return true;
-    });
-    for (const pugi::xml_node wrapper : wrappers) RecurseComponents(parent, ComponentNodeOf(wrapper));
+    for (const pugi::xml_node wrapper : SelectRootWrappers(incoming, root_name)) RecurseComponents(parent, ComponentNodeOf(wrapper));
 
     // The first link section and the first domain section under an element named like the root,
     // looked for once the components (and the prototypes they took along) are done.

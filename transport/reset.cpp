@@ -4,6 +4,7 @@
 #include "transport/handle_walk.hpp"
 #include "transport/node_status.hpp"
 #include "transport/transport_impl.hpp"
+#include "transport/wrapper_names.hpp"
 
 namespace varnex {
 
@@ -37,7 +38,7 @@ Boolean Transport::Impl::ResetComponentStatus(Long handle) {
       // "./COMPONENT/* | ./COLLECTION/*": the elements inside this component's wrappers.
       walk.Descend(current, [&](auto add) {
         for (pugi::xml_node wrapper = element.first_child(); wrapper; wrapper = wrapper.next_sibling()) {
-          if (!xml::ElementNamed(wrapper, "COMPONENT") && !xml::ElementNamed(wrapper, "COLLECTION")) continue;
+          if (!IsSelectedWrapper(wrapper)) continue;
           for (pugi::xml_node child = wrapper.first_child(); child; child = child.next_sibling()) {
             if (child.type() == pugi::node_element) add(HandleOf(child));
           }

@@ -3,6 +3,7 @@
 #include <cstring>
 
 #include "runtime/xml.hpp"
+#include "transport/wrapper_names.hpp"
 
 namespace varnex {
 namespace {
@@ -31,7 +32,7 @@ std::vector<pugi::xml_node> SelectRootWrappers(pugi::xml_node top, const std::st
   std::vector<pugi::xml_node> wrappers;
   xml::WalkElements(WalkTop(top), [&](pugi::xml_node element) {
     if (element == skip_a || element == skip_b) return false;
-    if ((xml::ElementNamed(element, "COMPONENT") || xml::ElementNamed(element, "COLLECTION")) &&
+    if (IsSelectedWrapper(element) &&
         NameIs(element.parent(), root_name)) {
       wrappers.push_back(element);
     }

@@ -13,14 +13,11 @@
 #include "runtime/xml.hpp"
 #include "transport/node_status.hpp"
 #include "transport/transport_impl.hpp"
+#include "transport/wrapper_names.hpp"
 #include "transport/trim_marks.hpp"
 
 namespace varnex {
 namespace {
-
-bool IsWrapper(pugi::xml_node node) {
-  return xml::LocalNameIs(node, "COMPONENT") || xml::LocalNameIs(node, "COLLECTION");
-}
 
 // Whether the attachment pass strips this attachment. The full reduction keeps only attachments
 // whose "persist" is "true" (any case); the mild one strips only those that say otherwise.

@@ -8,6 +8,7 @@
 #include "runtime/xml.hpp"
 #include "transport/root_wrappers.hpp"
 #include "transport/transport_impl.hpp"
+#include "transport/wrapper_names.hpp"
 
 namespace varnex {
 
@@ -67,7 +68,7 @@ Long Transport::Impl::RecurseCopyProperties(pugi::xml_node incoming, pugi::xml_n
           target = target.next_sibling();
         }
       }
-      if (xml::LocalNameIs(child, "COMPONENT") || xml::LocalNameIs(child, "COLLECTION")) {
+      if (IsWrapper(child)) {
         if (!own_component || !own_child) throw AutomationError::Runtime(errObjectNotSet);
         enter(child.first_child(), own_child.first_child());
       }

@@ -28,7 +28,7 @@ inline constexpr const char* kSampleDocument = R"(<TALVEN>
         <DATE xml:space="preserve">2026-05-14</DATE><INSPECTOR xml:space="preserve">Berg</INSPECTOR><PASSED xml:space="preserve">no</PASSED>
       </PROPERTIES></VISIT></COMPONENT>
       <COMPONENT><VISIT><PROPERTIES>
-        <DATE xml:space="preserve">2026-09-30</DATE><INSPECTOR xml:space="preserve">Ames</INSPECTOR><PASSED xml:space="preserve">TRUE</PASSED>
+        <DATE xml:space="preserve">2026-09-30</DATE><INSPECTOR xml:space="preserve">Ames</INSPECTOR><PASSED xml:space="preserve">No</PASSED>
       </PROPERTIES></VISIT></COMPONENT>
     </VISITS>
       </COLLECTION>

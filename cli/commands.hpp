@@ -1,18 +1,30 @@
-// The commands of the varnex tool that read and transform transport documents.
+// The commands of the varnex tool. Each Add...Command function adds one command with its
+// options to the tool; when the command line chooses it, its callback sets the action to run.
 #pragma once
 
-#include <ostream>
-#include <string>
-#include <vector>
+#include <functional>
+
+namespace CLI {
+class App;
+}
 
 namespace varnex::cli {
 
-// Runs one command on its arguments (files, "-" for standard input). Answers the exit status;
-// automation errors reach the caller.
-int RunDocumentCommand(const std::string& command, const std::vector<std::string>& args, std::ostream& out,
-                       std::ostream& err);
+// What the chosen command does once the command line is read; answers the exit status.
+using Action = std::function<int()>;
 
-// True for the names RunDocumentCommand knows.
-bool IsDocumentCommand(const std::string& command);
+void AddDemoCommand(CLI::App& app, Action& action);
+void AddTreeCommand(CLI::App& app, Action& action);
+void AddChangesCommand(CLI::App& app, Action& action);
+void AddDiffCommand(CLI::App& app, Action& action);
+void AddValidateCommand(CLI::App& app, Action& action);
+void AddGenerateCommand(CLI::App& app, Action& action);
+void AddMergeCommand(CLI::App& app, Action& action);
+void AddUpdateCommand(CLI::App& app, Action& action);
+void AddResetCommand(CLI::App& app, Action& action);
+void AddTableCommand(CLI::App& app, Action& action);
+
+// Every command above, in the order --help lists them.
+void AddCommands(CLI::App& app, Action& action);
 
 }  // namespace varnex::cli

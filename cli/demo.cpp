@@ -5,7 +5,7 @@
 #include <memory>
 #include <string>
 
-#include "binding/provider_table.hpp"
+#include "cli/provider_table.hpp"
 #include "cli/sample_document.hpp"
 #include "cli/tree_printer.hpp"
 #include "varnex/varnex.hpp"
@@ -61,7 +61,7 @@ int RunDemo(std::ostream& out) {
   DataCollectionSource source;
   source.Data(collection);
   source.DataTypes({vbString, vbString, vbBoolean});  // PASSED shows as a Boolean column
-  out << FormatProviderTable(*source.GetDataMember());
+  WriteTextTable(*source.GetDataMember(), out);
   return 0;
 }
 

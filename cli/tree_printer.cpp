@@ -1,7 +1,11 @@
 #include "cli/tree_printer.hpp"
 
+#include <sstream>
 #include <string>
-#include <vector>
+
+#include <pugixml.hpp>
+
+#include "cli/component_walk.hpp"
 
 namespace varnex::cli {
 namespace {
@@ -15,45 +19,117 @@ const char* StatusWord(enComponentStatus status) {
   }
 }
 
-void PrintProperties(Transport& transport, Long handle, const std::string& indent, std::ostream& out) {
+// ANSI colours: new green, modified yellow, deleted red.
+const char* StatusColor(enComponentStatus status) {
+  switch (status) {
+    case csModified: return "\x1b[33m";
+    case csNew: return "\x1b[32m";
+    case csDeleted: return "\x1b[31m";
+    default: return "";
+  }
+}
+constexpr const char* kColorEnd = "\x1b[0m";
+
+void WriteStatus(enComponentStatus status, const TreeStyle& style, std::ostream& out) {
+  const char* word = StatusWord(status);
+  if (*word == '\0') return;
+  if (style.color) {
+    out << ' ' << StatusColor(status) << (word + 1) << kColorEnd;
+  } else {
+    out << word;
+  }
+}
+
+void PrintProperties(Transport& transport, Long handle, const std::string& indent, const TreeStyle& style,
+                     std::ostream& out) {
   const Long count = transport.CountCompProperties(handle);
   for (Long p = 1; p <= count; ++p) {
     std::string value, original;
     enComponentStatus status = csNormal;
     const std::string name = transport.GetCompProperty(handle, p, value, status, original);
-    out << indent << "    " << name << " = \"" << value << "\"" << StatusWord(status);
+    out << indent << "    " << name << " = \"" << value << "\"";
+    WriteStatus(status, style, out);
     if (!original.empty()) out << " (was \"" << original << "\")";
     out << "\n";
   }
 }
 
+// Attributes and attachments, read from the component's own XML (the library names no
+// attributes or attachments of a component; it only answers for a given name).
+void PrintAttributesAndAttachments(Transport& transport, Long handle, const std::string& indent, std::ostream& out) {
+  pugi::xml_document copy;
+  if (!copy.load_string(transport.GetComponentXML(handle).c_str())) return;
+  pugi::xml_node element;
+  for (pugi::xml_node wrapper = copy.document_element().first_child(); wrapper; wrapper = wrapper.next_sibling()) {
+    const std::string name = wrapper.name();
+    if (name == "COMPONENT" || name == "COLLECTION") element = wrapper.first_child();
+  }
+  for (const pugi::xml_attribute attribute : element.attributes()) {
+    if (std::string(attribute.name()) == "STATUS") continue;
+    out << indent << "    @" << attribute.name() << " = \"" << attribute.value() << "\"\n";
+  }
+  for (const pugi::xml_node attachment : element.child("ATTACHMENTS").children()) {
+    const std::string persist = attachment.attribute("persist").value();
+    pugi::xml_document single;
+    single.append_copy(attachment);
+    std::ostringstream text;
+    single.save(text, "", pugi::format_raw | pugi::format_no_declaration);
+    out << indent << "    attachment" << (persist == "true" || persist == "TRUE" || persist == "True" ? " (persistent)" : "")
+        << ": " << text.str() << "\n";
+  }
+}
+
+void PrintPrototype(Transport& transport, Long handle, const std::string& indent, std::ostream& out) {
+  Dictionary prototype = transport.GetCompPrototypeProperties(handle);
+  for (const std::string& name : prototype.Keys()) {
+    out << indent << "    prototype " << name << " = \"" << prototype.Item(name).AsString() << "\"\n";
+  }
+}
+
+void PrintDomainsAndLinks(Transport& transport, std::ostream& out) {
+  const Long domains = transport.CountDomains();
+  for (Long d = 1; d <= domains; ++d) {
+    std::string code, description;
+    const std::string name = transport.GetDomain(d, code, description);
+    out << "domain " << name;
+    if (!code.empty() || !description.empty()) out << " (" << code << (code.empty() ? "" : ": ") << description << ")";
+    out << "\n";
+    const Long items = transport.CountDomItems(d);
+    for (Long i = 1; i <= items; ++i) {
+      out << "  item " << i << ":";
+      const Long properties = transport.CountDomItemProperties(d, i);
+      for (Long p = 1; p <= properties; ++p) {
+        std::string value;
+        const std::string property = transport.GetDomItemProperty(d, i, p, value);
+        out << (p > 1 ? ", " : " ") << property << " = \"" << value << "\"";
+      }
+      out << "\n";
+    }
+  }
+  // Links are numbered from the components' counter, so they are read from the document itself.
+  pugi::xml_document whole;
+  if (transport.CountPropDomains() == 0 || !whole.load_string(transport.TransportDoc().c_str())) return;
+  for (const pugi::xml_node link : whole.document_element().child("PROPERTY_DOMAINS").children()) {
+    out << "link " << link.name() << " -> " << link.text().get() << "\n";
+  }
+}
+
 }  // namespace
 
-void PrintTree(Transport& transport, Long parent, std::ostream& out, int depth) {
-  // An explicit stack: documents may nest far deeper than the native stack allows.
-  struct Pending {
-    Long parent;
-    Long next;  // the child position to print next
-    int depth;
-  };
-  std::vector<Pending> stack{{parent, 1, depth}};
-  while (!stack.empty()) {
-    Pending& level = stack.back();
-    if (level.next > transport.CountCompChildren(level.parent)) {
-      stack.pop_back();
-      continue;
+void PrintTree(Transport& transport, Long parent, std::ostream& out, const TreeStyle& style) {
+  if (style.all && parent == 0) PrintDomainsAndLinks(transport, out);
+  WalkComponents(transport, parent, [&](const Child& child, const std::string&, int depth) {
+    const std::string indent(static_cast<std::size_t>(depth - 1) * 2, ' ');
+    out << indent << (child.type == ctcollection ? "collection " : "component ") << child.name << " #"
+        << child.handle;
+    WriteStatus(child.status, style, out);
+    out << "\n";
+    PrintProperties(transport, child.handle, indent, style, out);
+    if (style.all && child.handle != 0) {
+      PrintAttributesAndAttachments(transport, child.handle, indent, out);
+      PrintPrototype(transport, child.handle, indent, out);
     }
-    std::string name;
-    enComponentStatus status = csNormal;
-    enComponentType type = ctComponent;
-    const Long handle = transport.GetCompChild(level.parent, level.next++, name, status, type);
-    const std::string indent(static_cast<std::size_t>(level.depth) * 2, ' ');
-    out << indent << (type == ctcollection ? "collection " : "component ") << name << " #" << handle
-        << StatusWord(status) << "\n";
-    PrintProperties(transport, handle, indent, out);
-    // Handle 0 stands for a position without a component of its own: nothing to descend into.
-    if (handle != 0) stack.push_back({handle, 1, level.depth + 1});
-  }
+  });
 }
 
 }  // namespace varnex::cli

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "binding/fake_data_collection.hpp"
-#include "binding/provider_table.hpp"
+#include "support/provider_cells.hpp"
 
 namespace varnex {
 namespace {
@@ -142,15 +142,14 @@ TEST(DataCollectionProviderTest, RemovingAListenerWalksPastTheEndAfterARemoval) 
   provider.insertRows(1, 1);
 }
 
-TEST(DataCollectionProviderTest, FormatsAsATableOfTheHeaderAndEveryRow) {
+TEST(DataCollectionProviderTest, ReadsAsATableOfTheHeaderAndEveryRow) {
   DataCollectionProvider provider;
   provider.LoadData(People(), std::vector<Long>{vbString, vbString, vbBoolean}, "Name,Active,Active");
-  EXPECT_EQ(FormatProviderTable(provider),
-            "NAME | ACTIVE | ACTIVE\n"
-            "-----+--------+-------\n"
-            "Ann  | yes    | True\n"
-            "Bob  | no     | False\n"
-            "Cy   | TRUE   | True\n");
+  using Rows = std::vector<std::vector<std::string>>;
+  EXPECT_EQ(testing::ProviderCells(provider), (Rows{{"NAME", "ACTIVE", "ACTIVE"},
+                                                    {"Ann", "yes", "True"},
+                                                    {"Bob", "no", "False"},
+                                                    {"Cy", "TRUE", "True"}}));
 }
 
 }  // namespace

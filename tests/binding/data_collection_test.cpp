@@ -5,7 +5,7 @@
 #include <utility>
 #include <vector>
 
-#include "binding/provider_table.hpp"
+#include "support/provider_cells.hpp"
 #include "support/errors.hpp"
 #include "varnex/data_collection_source.hpp"
 
@@ -114,11 +114,8 @@ TEST(DataCollectionTest, ReadsAsATableThroughASourceAndItsProvider) {
   DataCollectionSource source;
   source.Data(data);
   source.DataTypes({vbString, vbBoolean});
-  EXPECT_EQ(FormatProviderTable(*source.GetDataMember()),
-            "NAME | PAID\n"
-            "-----+------\n"
-            "Ann  | True\n"
-            "Bob  | False\n");
+  using Rows = std::vector<std::vector<std::string>>;
+  EXPECT_EQ(testing::ProviderCells(*source.GetDataMember()), (Rows{{"NAME", "PAID"}, {"Ann", "True"}, {"Bob", "False"}}));
 }
 
 }  // namespace

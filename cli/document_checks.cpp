@@ -1,5 +1,6 @@
 #include "cli/document_checks.hpp"
 
+#include <algorithm>
 #include <unordered_set>
 #include <vector>
 
@@ -189,10 +190,15 @@ class Checker {
   }
 
   void Error(pugi::xml_node node, const std::string& path, const std::string& what) {
-    report_({true, node.offset_debug(), path, what});
+    report_({true, OffsetOf(node), path, what});
   }
   void Warning(pugi::xml_node node, const std::string& path, const std::string& what) {
-    report_({false, node.offset_debug(), path, what});
+    report_({false, OffsetOf(node), path, what});
+  }
+  // Where the node starts: the "<" of an element (the parser notes where its name starts).
+  static std::ptrdiff_t OffsetOf(pugi::xml_node node) {
+    const std::ptrdiff_t offset = node.offset_debug();
+    return node.type() == pugi::node_element && offset > 0 ? offset - 1 : offset;
   }
 
   const std::function<void(const Finding&)>& report_;
@@ -202,8 +208,13 @@ class Checker {
 
 }  // namespace
 
-void CheckDocument(const pugi::xml_document& document, const std::function<void(const Finding&)>& report) {
-  Checker(report).Document(document);
+std::vector<Finding> CheckDocument(const pugi::xml_document& document) {
+  std::vector<Finding> findings;
+  const std::function<void(const Finding&)> collect = [&](const Finding& finding) { findings.push_back(finding); };
+  Checker(collect).Document(document);
+  std::stable_sort(findings.begin(), findings.end(),
+                   [](const Finding& a, const Finding& b) { return a.offset < b.offset; });
+  return findings;
 }
 
 }  // namespace varnex::cli

@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <functional>
 #include <string>
+#include <vector>
 
 #include <pugixml.hpp>
 
@@ -17,8 +18,7 @@ struct Finding {
   std::string what;
 };
 
-// Reports every problem of the parsed document: the domain sections first, then the components
-// depth first.
-void CheckDocument(const pugi::xml_document& document, const std::function<void(const Finding&)>& report);
+// Every problem of the parsed document, in the order of the text.
+std::vector<Finding> CheckDocument(const pugi::xml_document& document);
 
 }  // namespace varnex::cli

@@ -1,5 +1,6 @@
 #include "cli/tree_printer.hpp"
 
+#include <cctype>
 #include <sstream>
 #include <string>
 
@@ -69,12 +70,13 @@ void PrintAttributesAndAttachments(Transport& transport, Long handle, const std:
     out << indent << "    @" << attribute.name() << " = \"" << attribute.value() << "\"\n";
   }
   for (const pugi::xml_node attachment : element.child("ATTACHMENTS").children()) {
-    const std::string persist = attachment.attribute("persist").value();
+    std::string persist = attachment.attribute("persist").value();
+    for (char& c : persist) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
     pugi::xml_document single;
     single.append_copy(attachment);
     std::ostringstream text;
     single.save(text, "", pugi::format_raw | pugi::format_no_declaration);
-    out << indent << "    attachment" << (persist == "true" || persist == "TRUE" || persist == "True" ? " (persistent)" : "")
+    out << indent << "    attachment" << (persist == "true" ? " (persistent)" : "")
         << ": " << text.str() << "\n";
   }
 }

@@ -57,7 +57,7 @@ int RunValidate(const ValidateOptions& options) {
   std::ostream& out = output.stream();
   PositionFinder positions(text);
   long errors = 0, warnings = 0;
-  CheckDocument(document, [&](const Finding& finding) {
+  for (const Finding& finding : CheckDocument(document)) {
     (finding.error ? errors : warnings) += 1;
     out << name;
     if (finding.offset >= 0) {
@@ -67,7 +67,7 @@ int RunValidate(const ValidateOptions& options) {
     out << (finding.error ? ": error: " : ": warning: ");
     if (!finding.path.empty()) out << finding.path << ": ";
     out << finding.what << '\n';
-  });
+  }
   out << fmt::format("{}: {} error{}, {} warning{}\n", name, errors, errors == 1 ? "" : "s", warnings,
                      warnings == 1 ? "" : "s");
   output.Finish();

@@ -63,9 +63,7 @@ int RunUpdate(const ExchangeOptions& options) {
   const std::unique_ptr<Transport> transport = LoadDocument(options.file);
   const std::string returned = ReadIncomingText(options.other, *transport);
   if (options.check) {
-    Transport returned_document;
-    returned_document.TransportDoc(returned);
-    const std::string difference = FirstShapeDifference(*transport, returned_document);
+    const std::string difference = FirstShapeDifference(transport->TransportDoc(), returned);
     if (!difference.empty()) {
       throw Failure(fmt::format("{} does not fit {}: {}; nothing was updated", DisplayName(options.other),
                                 DisplayName(options.file), difference));

@@ -132,18 +132,29 @@ void CompareProperties(Transport& before, Long old_handle, Transport& after, Lon
   }
 }
 
+// Walks both trees depth first, in the order of the earlier document: a pair of components is
+// compared (status, properties) when it is reached, then its children are paired by path step.
 void CompareDocuments(Transport& before, Transport& after, DifferenceWriter& writer) {
   struct Pair {
-    Long old_handle;
-    Long new_handle;
+    Child old_child;
+    Child new_child;
     std::string path;
   };
-  std::vector<Pair> pending{{0, 0, ""}};
+  const Child root{0, "", csNormal, ctComponent, ""};
+  std::vector<Pair> pending{{root, root, ""}};
   while (!pending.empty()) {
     const Pair pair = std::move(pending.back());
     pending.pop_back();
-    const std::vector<Child> old_children = ChildrenOf(before, pair.old_handle);
-    const std::vector<Child> new_children = ChildrenOf(after, pair.new_handle);
+    if (!pair.path.empty()) {
+      if (pair.old_child.status != pair.new_child.status) {
+        writer.ComponentStatus(pair.path, pair.old_child.status, pair.new_child.status);
+      }
+      CompareProperties(before, pair.old_child.handle, after, pair.new_child.handle, pair.path, writer);
+      // Handle 0 stands for a position without a component of its own: nothing to descend into.
+      if (pair.old_child.handle == 0 || pair.new_child.handle == 0) continue;
+    }
+    const std::vector<Child> old_children = ChildrenOf(before, pair.old_child.handle);
+    const std::vector<Child> new_children = ChildrenOf(after, pair.new_child.handle);
     std::unordered_map<std::string, const Child*> by_step;
     for (const Child& child : new_children) by_step.emplace(child.step, &child);
     std::vector<Pair> below;
@@ -154,16 +165,13 @@ void CompareDocuments(Transport& before, Transport& after, DifferenceWriter& wri
         writer.Component('-', path);
         continue;
       }
-      const Child& new_child = *found->second;
+      below.push_back({old_child, *found->second, path});
       by_step.erase(found);
-      if (old_child.status != new_child.status) writer.ComponentStatus(path, old_child.status, new_child.status);
-      CompareProperties(before, old_child.handle, after, new_child.handle, path, writer);
-      if (old_child.handle != 0 && new_child.handle != 0) below.push_back({old_child.handle, new_child.handle, path});
     }
     for (const Child& new_child : new_children) {
       if (by_step.count(new_child.step) != 0) writer.Component('+', pair.path + "/" + new_child.step);
     }
-    // Reversed onto the stack, so that the subtrees come out in document order.
+    // Reversed onto the stack, so that the pairs come out in order.
     for (auto it = below.rbegin(); it != below.rend(); ++it) pending.push_back(std::move(*it));
   }
 }

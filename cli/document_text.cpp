@@ -63,7 +63,8 @@ void CheckWellFormed(const std::string& text, const std::string& name) {
     }
     if (node.type() != pugi::node_element) continue;
     if (root) {
-      FailAt(text, static_cast<std::size_t>(node.offset_debug()), name,
+      // The parser notes where an element's name starts; the element starts at its "<".
+      FailAt(text, static_cast<std::size_t>(node.offset_debug() - 1), name,
              fmt::format("a second root element <{}>", node.name()));
     }
     root = node;

@@ -1,4 +1,5 @@
 #include "cli/component_path.hpp"
+#include "cli/upper_name.hpp"
 
 #include <charconv>
 #include <unordered_map>
@@ -9,14 +10,6 @@
 
 namespace varnex::cli {
 namespace {
-
-std::string Upper(std::string_view text) {
-  std::string upper(text);
-  for (char& c : upper) {
-    if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
-  }
-  return upper;
-}
 
 // Splits "LINE[2]" into its name and position (1 when no position is given; 0 when it is not a number).
 std::pair<std::string, long> ParseStep(std::string_view step) {
@@ -30,7 +23,7 @@ std::pair<std::string, long> ParseStep(std::string_view step) {
       step = step.substr(0, open);
     }
   }
-  return {Upper(step), position};
+  return {UpperName(step), position};
 }
 
 }  // namespace
@@ -85,7 +78,7 @@ Long ResolvePath(Transport& transport, std::string_view path) {
       enComponentStatus status = csNormal;
       enComponentType type = ctComponent;
       const Long child = transport.GetCompChild(handle, i, child_name, status, type);
-      if (Upper(child_name) == name && ++seen == position) found = child;
+      if (UpperName(child_name) == name && ++seen == position) found = child;
     }
     if (found == 0) throw Failure(fmt::format("no component at {}", walked));
     handle = found;

@@ -7,17 +7,10 @@
 #include <fmt/format.h>
 
 #include "cli/component_path.hpp"
+#include "cli/upper_name.hpp"
 
 namespace varnex::cli {
 namespace {
-
-std::string Upper(std::string_view text) {
-  std::string upper(text);
-  for (char& c : upper) {
-    if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
-  }
-  return upper;
-}
 
 std::string Trimmed(std::string_view text) {
   const std::size_t start = text.find_first_not_of(' ');
@@ -26,12 +19,12 @@ std::string Trimmed(std::string_view text) {
 }
 
 bool Named(pugi::xml_node node, std::string_view name) {
-  return node.type() == pugi::node_element && Upper(node.name()) == name;
+  return node.type() == pugi::node_element && UpperName(node.name()) == name;
 }
 
 bool IsWrapper(pugi::xml_node node) { return Named(node, "COMPONENT") || Named(node, "COLLECTION"); }
 
-bool IsDeleted(pugi::xml_node element) { return Upper(Trimmed(element.attribute("STATUS").value())) == "DELETED"; }
+bool IsDeleted(pugi::xml_node element) { return UpperName(Trimmed(element.attribute("STATUS").value())) == "DELETED"; }
 
 class Checker {
  public:
@@ -96,7 +89,7 @@ class Checker {
     }
     elements.insert(elements.end(), deleted.begin(), deleted.end());
     std::vector<std::string> names;
-    for (const pugi::xml_node element : elements) names.push_back(Upper(element.name()));
+    for (const pugi::xml_node element : elements) names.push_back(UpperName(element.name()));
     const std::vector<std::string> steps = StepsFor(names);
     for (std::size_t i = elements.size(); i-- > 0;) stack.push_back({elements[i], parent_path + "/" + steps[i]});
   }
@@ -160,7 +153,7 @@ class Checker {
   void Status(pugi::xml_node element, const std::string& path, const std::string& subject) {
     const pugi::xml_attribute status = element.attribute("STATUS");
     if (!status) return;
-    const std::string text = Upper(Trimmed(status.value()));
+    const std::string text = UpperName(Trimmed(status.value()));
     if (text.empty() || text == "NEW" || text == "MODIFIED" || text == "DELETED") return;
     Error(element, path, fmt::format("{}unknown status \"{}\" (read as normal)", subject, status.value()));
   }
@@ -168,7 +161,7 @@ class Checker {
   void Domains(pugi::xml_node section) {
     for (const pugi::xml_node domain : section.children()) {
       if (domain.type() != pugi::node_element) continue;
-      if (!domains_.insert(Upper(domain.name())).second) {
+      if (!domains_.insert(UpperName(domain.name())).second) {
         Warning(domain, "", fmt::format("domain {} appears again: the items of the second are not taken over",
                                         domain.name()));
       }
@@ -179,11 +172,11 @@ class Checker {
     std::unordered_set<std::string> seen;
     for (const pugi::xml_node link : links_.children()) {
       if (link.type() != pugi::node_element) continue;
-      if (!seen.insert(Upper(link.name())).second) {
+      if (!seen.insert(UpperName(link.name())).second) {
         Warning(link, "", fmt::format("a second link for property {}: it is not taken over", link.name()));
       }
       const std::string domain = link.text().get();
-      if (domains_.count(Upper(domain)) == 0) {
+      if (domains_.count(UpperName(domain)) == 0) {
         Warning(link, "", fmt::format("property {} is linked to domain {}, which does not exist", link.name(), domain));
       }
     }

@@ -6,20 +6,13 @@
 #include <pugixml.hpp>
 
 #include "cli/component_path.hpp"
+#include "cli/upper_name.hpp"
 
 namespace varnex::cli {
 namespace {
 
-std::string Upper(std::string_view text) {
-  std::string upper(text);
-  for (char& c : upper) {
-    if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
-  }
-  return upper;
-}
-
 bool IsWrapper(pugi::xml_node node) {
-  const std::string name = Upper(node.name());
+  const std::string name = UpperName(node.name());
   return node.type() == pugi::node_element && (name == "COMPONENT" || name == "COLLECTION");
 }
 
@@ -63,17 +56,17 @@ std::string FirstShapeDifference(const std::string& own, const std::string& retu
       return fmt::format("/: {} components in the returned document, {} in the own", theirs.size(), mine.size());
     }
     std::vector<std::string> names;
-    for (const pugi::xml_node member : mine) names.push_back(Upper(member.name()));
+    for (const pugi::xml_node member : mine) names.push_back(UpperName(member.name()));
     const std::vector<std::string> steps = StepsFor(names);
     for (std::size_t i = mine.size(); i-- > 0;) pending.push_back({mine[i], theirs[i], "/" + steps[i]});
   }
   while (!pending.empty()) {
     const Pair pair = std::move(pending.back());
     pending.pop_back();
-    if (Upper(pair.own.name()) != Upper(pair.returned.name()) ||
-        Upper(pair.own.parent().name()) != Upper(pair.returned.parent().name())) {
+    if (UpperName(pair.own.name()) != UpperName(pair.returned.name()) ||
+        UpperName(pair.own.parent().name()) != UpperName(pair.returned.parent().name())) {
       return fmt::format("{}: the returned document has {} {} here", pair.path,
-                         Upper(pair.returned.parent().name()) == "COLLECTION" ? "collection" : "component",
+                         UpperName(pair.returned.parent().name()) == "COLLECTION" ? "collection" : "component",
                          pair.returned.name());
     }
     const std::vector<pugi::xml_node> mine = ElementChildren(pair.own);
@@ -83,16 +76,16 @@ std::string FirstShapeDifference(const std::string& own, const std::string& retu
                          mine.size());
     }
     std::vector<std::string> names;
-    for (const pugi::xml_node child : mine) names.push_back(IsWrapper(child) ? Upper(child.first_child().name()) : "");
+    for (const pugi::xml_node child : mine) names.push_back(IsWrapper(child) ? UpperName(child.first_child().name()) : "");
     const std::vector<std::string> steps = StepsFor(names);
     std::vector<Pair> below;
     for (std::size_t i = 0; i < mine.size(); ++i) {
       const bool wrapper = IsWrapper(mine[i]);
-      if (wrapper != IsWrapper(theirs[i]) || (!wrapper && Upper(mine[i].name()) != Upper(theirs[i].name()))) {
+      if (wrapper != IsWrapper(theirs[i]) || (!wrapper && UpperName(mine[i].name()) != UpperName(theirs[i].name()))) {
         return fmt::format("{}: child {} is <{}> in the returned document, <{}> in the own", pair.path, i + 1,
                            theirs[i].name(), mine[i].name());
       }
-      if (Upper(mine[i].name()) == "PROPERTIES" && ElementCount(mine[i]) != ElementCount(theirs[i])) {
+      if (UpperName(mine[i].name()) == "PROPERTIES" && ElementCount(mine[i]) != ElementCount(theirs[i])) {
         return fmt::format("{}: {} properties in the returned document, {} in the own", pair.path,
                            ElementCount(theirs[i]), ElementCount(mine[i]));
       }

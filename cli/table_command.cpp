@@ -11,6 +11,7 @@
 #include "cli/collection_view.hpp"
 #include "cli/commands.hpp"
 #include "cli/component_path.hpp"
+#include "cli/upper_name.hpp"
 #include "cli/document_loader.hpp"
 #include "cli/failures.hpp"
 #include "cli/input_file.hpp"
@@ -29,13 +30,6 @@ struct TableOptions {
   std::string format = "text";
   std::string output;
 };
-
-std::string Upper(std::string text) {
-  for (char& c : text) {
-    if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
-  }
-  return text;
-}
 
 // The collection the options name: --collection, or the first one under the root.
 Long ChosenCollection(Transport& transport, const TableOptions& options) {
@@ -57,18 +51,14 @@ Long ChosenCollection(Transport& transport, const TableOptions& options) {
   return handle;
 }
 
-// The columns as the provider takes them: the fields split at every ",", or the property names.
-std::vector<std::string> ColumnNames(IDataCollection& data, const std::string& fields) {
+// The column names, upper-cased, as a provider over the source shows them in its header row.
+std::vector<std::string> ColumnNames(DataCollectionSource& source) {
+  source.DataTypes({});
+  const std::shared_ptr<OLEDBSimpleProvider> probe = source.GetDataMember();
   std::vector<std::string> columns;
-  if (fields.empty()) {
-    for (Long i = 1; i <= data.CountPropertyNames(); ++i) columns.push_back(Upper(data.PropertyNames(i)));
-    return columns;
+  for (Long column = 1; column <= probe->getColumnCount(); ++column) {
+    columns.push_back(probe->getVariant(0, column, 0).AsString());
   }
-  std::size_t at = 0;
-  for (std::size_t comma; (comma = fields.find(',', at)) != std::string::npos; at = comma + 1) {
-    columns.push_back(Upper(fields.substr(at, comma - at)));
-  }
-  columns.push_back(Upper(fields.substr(at)));
   return columns;
 }
 
@@ -76,7 +66,7 @@ std::vector<std::string> ColumnNames(IDataCollection& data, const std::string& f
 std::vector<Long> ColumnTypes(const std::vector<std::string>& columns, const std::vector<std::string>& booleans) {
   std::vector<Long> types(columns.size(), vbString);
   for (const std::string& wanted : booleans) {
-    const auto found = std::find(columns.begin(), columns.end(), Upper(wanted));
+    const auto found = std::find(columns.begin(), columns.end(), UpperName(wanted));
     if (found == columns.end()) throw UsageError(fmt::format("--bool: there is no column {}", wanted));
     types[static_cast<std::size_t>(found - columns.begin())] = vbBoolean;
   }
@@ -89,7 +79,7 @@ int RunTable(const TableOptions& options) {
   DataCollectionSource source;
   source.Data(view);
   source.Fields(options.fields);
-  source.DataTypes(ColumnTypes(ColumnNames(*view, options.fields), options.boolean_columns));
+  source.DataTypes(ColumnTypes(ColumnNames(source), options.boolean_columns));
   const std::shared_ptr<OLEDBSimpleProvider> provider = source.GetDataMember();
   Output output(options.output);
   if (options.format == "csv") {

@@ -207,7 +207,7 @@ std::string Transport::Impl::GetModifiedXML() {
     xml::LoadText(copy, Document().Serialize());
     pugi::xml_node copy_root = SelectFirstNamed(copy, root_name);
     Boolean kill = vbFalse;
-    self.TrimDocument(copy, copy_root, kill);
+    self().TrimDocument(copy, copy_root, kill);
     return WrapUnderRoot(root_name, SelectRootWrappers(copy, root_name));
   });
 }

@@ -7,6 +7,8 @@
 
 #include <pugixml.hpp>
 
+#include "varnex/trim.hpp"
+
 #include "domains/domain_tables.hpp"
 #include "runtime/xml_document.hpp"
 #include "transport/child_index.hpp"
@@ -24,9 +26,11 @@ inline constexpr const char* kDefaultRootName = "TALVEN";
 
 class Transport::Impl {
  public:
-  explicit Impl(Transport& self) : self(self) {}
+  explicit Impl(Transport& owner) : self_(&owner) {}
 
-  Transport& self;  // the public face, for private operations that call public ones
+  // The public face, for private operations that call public ones (moved along with the object).
+  Transport* self_;
+  Transport& self() { return *self_; }
 
   // --- Storage ----------------------------------------------------------------------------
   std::string root_name = kDefaultRootName;

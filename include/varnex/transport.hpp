@@ -14,12 +14,19 @@
 #include <memory>
 #include <string>
 
-#include <pugixml.hpp>
-
 #include "varnex/dictionary.hpp"
 #include "varnex/types.hpp"
 
+// The trim operations work on pugixml documents; <varnex/trim.hpp> brings in pugixml for the
+// callers that use them, so that no other user of Transport compiles against it.
+namespace pugi {
+class xml_document;
+class xml_node;
+}  // namespace pugi
+
 namespace varnex {
+
+struct TransportInternals;
 
 class Transport {
  public:
@@ -27,7 +34,10 @@ class Transport {
   // "PROPERTY_DOMAINS" sections.
   Transport();
   ~Transport();
-  // A Transport stays where it was created (hold it through a pointer to pass it around).
+  // A Transport owns its document alone: it cannot be copied. Moving hands the document and every
+  // handle to the new object and leaves the old one holding an empty document, as if new.
+  Transport(Transport&& other);
+  Transport& operator=(Transport&& other);
   Transport(const Transport&) = delete;
   Transport& operator=(const Transport&) = delete;
 
@@ -159,11 +169,10 @@ class Transport {
   // No prefix on failure: an unknown link handle reaches the caller as the plain error.
   std::string GetPropDomain(Long lngPropDomain, std::string& strDomain);
 
-  // The object's internals, for the library's own units.
-  class Impl;
-  Impl& impl() { return *impl_; }
+  class Impl;  // the document and its indexes; defined inside the library
 
  private:
+  friend struct TransportInternals;  // the library's own tests look inside
   std::unique_ptr<Impl> impl_;
 };
 

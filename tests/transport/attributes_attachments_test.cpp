@@ -3,13 +3,13 @@
 
 #include "runtime/xml.hpp"
 #include "support/errors.hpp"
-#include "transport/transport_impl.hpp"
+#include "support/internals.hpp"
 #include "varnex/transport.hpp"
 
 namespace varnex {
 namespace {
 
-std::string Xml(Transport& t, Long handle) { return xml::Serialize(t.impl().NodeOf(handle)); }
+std::string Xml(Transport& t, Long handle) { return xml::Serialize(testing::Internals(t).NodeOf(handle)); }
 
 TEST(FreeAttributes, AreSetReplacedAndReadWithoutMarkingAChange) {
   Transport t;
@@ -29,7 +29,7 @@ TEST(FreeAttributes, AreSetReplacedAndReadWithoutMarkingAChange) {
   EXPECT_AUTOMATION_ERROR(t.AddCompAttribute(h, "a b", "1"), errXml,
                           "AddCompAttribute: The name 'a b' is not a valid XML attribute name.");
   t.AddCompProperty(h, "a", "1");
-  t.impl().document->AppendElement(t.impl().NodeOf(h), "PROPERTIES");  // the index cannot be rebuilt
+  testing::Internals(t).document->AppendElement(testing::Internals(t).NodeOf(h), "PROPERTIES");  // the index cannot be rebuilt
   t.AddCompProperty(h, "b", "2");
   EXPECT_AUTOMATION_ERROR(t.GetCompAttribute(h, "ID"), errDuplicateKey,
                           "GetCompAttribute: Error Rebuilding Indexes: CheckAndRebuildPropIndexes: This key is "
@@ -47,7 +47,7 @@ TEST(Attachments, AreKeptAsGivenAndFoundByExactName) {
   EXPECT_EQ(t.GetCompAttachment(kept, "NOTE"), "<NOTE persist=\"true\">hi <b>there</b></NOTE>");
   EXPECT_EQ(t.GetCompAttachment(kept, "NOTE[2]"), "<NOTE/>");
   EXPECT_EQ(t.GetCompAttachment(kept, "NOTE/@persist"), "persist=\"true\"");
-  Transport::Impl& impl = t.impl();
+  Transport::Impl& impl = testing::Internals(t);
   EXPECT_TRUE(impl.NodeHasPersistantAttachments(impl.NodeOf(kept)));
   EXPECT_FALSE(impl.NodeHasPersistantAttachments(impl.NodeOf(plain)));
   EXPECT_FALSE(impl.NodeHasPersistantAttachments(impl.NodeOf(odd)));

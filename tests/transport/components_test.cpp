@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "support/errors.hpp"
-#include "transport/transport_impl.hpp"
+#include "support/internals.hpp"
 #include "varnex/transport.hpp"
 
 namespace varnex {
@@ -94,8 +94,8 @@ TEST(ReadingComponents, ChildrenComeLiveFirstThenDeleted) {
   const Long p = t.AddComponent(0, "p");
   const Long first = t.AddComponent(p, "first");
   const Long gone = t.AddCollection(p, "gone");
-  t.impl().document->document();  // the status is read from the document at rebuild time
-  t.impl().NodeOf(gone).append_attribute("STATUS") = "deleted";
+  testing::Internals(t).document->document();  // the status is read from the document at rebuild time
+  testing::Internals(t).NodeOf(gone).append_attribute("STATUS") = "deleted";
   const Long third = t.AddComponent(p, "third");
 
   EXPECT_EQ(t.CountCompChildren(p), 3);
@@ -205,7 +205,7 @@ TEST(ComponentStatus, RemovingItClearsTheComponentAndItsPropertyMarksOnly) {
   Transport t;
   const Long site = t.AddComponent(0, "site", csModified);
   const Long child = t.AddComponent(site, "child", csNew);
-  pugi::xml_node element = t.impl().NodeOf(site);
+  pugi::xml_node element = testing::Internals(t).NodeOf(site);
   pugi::xml_node property = element.prepend_child("PROPERTIES").append_child("NAME");
   property.append_attribute("STATUS") = "MODIFIED";
   property.append_attribute("ORIGINAL") = "old";

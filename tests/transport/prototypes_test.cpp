@@ -3,7 +3,7 @@
 
 #include "runtime/xml.hpp"
 #include "support/errors.hpp"
-#include "transport/transport_impl.hpp"
+#include "support/internals.hpp"
 #include "varnex/transport.hpp"
 
 namespace varnex {
@@ -15,7 +15,7 @@ TEST(Prototypes, CollectionsKeepDefaultsInOrderAndComponentsRefuseThem) {
   const Long visit = t.AddComponent(visits, "visit");
   EXPECT_EQ(t.AddCompPrototypeProperty(visits, "Colour", "red"), vbTrue);
   t.AddCompPrototypeProperty(visits, "size");
-  EXPECT_EQ(xml::Serialize(t.impl().NodeOf(visits)),
+  EXPECT_EQ(xml::Serialize(testing::Internals(t).NodeOf(visits)),
             "<VISITS><COMPONENT><VISIT/></COMPONENT><PROTOTYPE><COLOUR>red</COLOUR><SIZE/></PROTOTYPE></VISITS>");
   Dictionary defaults = t.GetCompPrototypeProperties(visits);
   EXPECT_EQ(defaults.Keys(), (std::vector<std::string>{"COLOUR", "SIZE"}));
@@ -33,7 +33,7 @@ TEST(Prototypes, Failures) {
   EXPECT_AUTOMATION_ERROR_FROM(t.GetCompPrototypeProperties(99), errObjectRequired, "Transport", "GetCompPrototypeProperties: Invalid Handle.");
   EXPECT_AUTOMATION_ERROR_FROM(t.AddCompPrototypeProperty(visits, "two words"), errXml, "Transport",
                                "AddCompPrototypeProperty: The name 'TWO WORDS' is not a valid XML element name.");
-  EXPECT_EQ(xml::Serialize(t.impl().NodeOf(visits)), "<VISITS><PROTOTYPE/></VISITS>");
+  EXPECT_EQ(xml::Serialize(testing::Internals(t).NodeOf(visits)), "<VISITS><PROTOTYPE/></VISITS>");
   t.AddCompPrototypeProperty(visits, "colour", "red");
   t.AddCompPrototypeProperty(visits, "Colour", "blue");
   EXPECT_AUTOMATION_ERROR_FROM(t.GetCompPrototypeProperties(visits), errDuplicateKey, "Transport",

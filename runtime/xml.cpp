@@ -245,10 +245,4 @@ pugi::xpath_node_set SelectNodes(pugi::xml_node context, const std::string& expr
   }
 }
 
-pugi::xml_node SelectSingleNode(pugi::xml_node context, const std::string& expression) {
-  const pugi::xpath_node_set nodes = SelectNodes(context, expression);
-  if (nodes.empty()) return {};
-  return nodes.first().node() ? nodes.first().node() : nodes.first().parent();
-}
-
 }  // namespace varnex::xml

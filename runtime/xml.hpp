@@ -49,8 +49,6 @@ const char* AttributeOrNull(pugi::xml_node node, const char* name);
 // Compiles and runs an XPath expression from `context`; an expression that does not compile is
 // an error of the XML layer naming the expression.
 pugi::xpath_node_set SelectNodes(pugi::xml_node context, const std::string& expression);
-// The first node, in document order, that the expression selects; empty when none.
-pugi::xml_node SelectSingleNode(pugi::xml_node context, const std::string& expression);
 
 }  // namespace varnex::xml
 

@@ -76,8 +76,6 @@ TEST(XmlXPath, RunsCompiledExpressionsAndReportsBadOnes) {
   const auto all = SelectNodes(root, "./COLLECTION/* | ./COMPONENT/*");
   ASSERT_EQ(all.size(), 3u);
   EXPECT_EQ(all[0].node().parent().name(), std::string("COMPONENT")) << "unions come back in document order";
-  EXPECT_STREQ(SelectSingleNode(root, "./COMPONENT/B| ./COLLECTION/B").name(), "B");
-  EXPECT_FALSE(SelectSingleNode(root, "./COMPONENT/a"));
   const AutomationError error = varnex::testing::ErrorOf([&] { SelectNodes(root, "./COMPONENT/A B"); });
   EXPECT_EQ(error.number(), errXml);
   EXPECT_NE(error.description().find("./COMPONENT/A B"), std::string::npos);
@@ -124,8 +122,6 @@ TEST_F(DetachingDocument, DetachedNodesStayAliveButLeaveTheVisibleTree) {
   EXPECT_EQ(doc.Serialize(), "<R><C/></R>");
   EXPECT_FALSE(doc.ParentOf(a)) << "the top of a cut-out tree has no parent";
   EXPECT_EQ(doc.ParentOf(b), a);
-  EXPECT_TRUE(doc.IsDetached(b));
-  EXPECT_FALSE(doc.IsDetached(root));
   doc.AppendElement(b, "New");
   EXPECT_EQ(Serialize(a), "<A><B><New/></B></A>");
 }

@@ -49,7 +49,6 @@ TEST(PropertyNumbers, CountEveryChildNodeOfTheList) {
   const Long h = t.AddComponent(0, "site");
   t.AddCompProperty(h, "a", "1");
   testing::Internals(t).NodeOf(h).first_child().append_child(pugi::node_pcdata).set_value("loose");
-  testing::Internals(t).document->Touch();
   t.AddCompProperty(h, "b", "", csNew);
   EXPECT_EQ(t.CountCompProperties(h), 3);
   EXPECT_EQ(t.FindCompPropertyByName(h, "B"), 3);

@@ -25,30 +25,20 @@ struct ChangesOptions {
   std::string output;
 };
 
-struct PropertyChange {
-  std::string name;
-  enComponentStatus status;
-  std::string original;
-  std::string value;
-};
-
 // The properties of the component that carry a mark. Those of a new component are new with it
 // and not listed one by one.
-std::vector<PropertyChange> MarkedProperties(Transport& transport, const Child& component) {
-  std::vector<PropertyChange> changes;
+std::vector<PropertyInfo> MarkedProperties(Transport& transport, const Child& component) {
+  std::vector<PropertyInfo> changes;
   if (component.handle == 0 || component.status == csNew) return changes;
-  const Long count = transport.CountCompProperties(component.handle);
-  for (Long p = 1; p <= count; ++p) {
-    PropertyChange change;
-    change.name = transport.GetCompProperty(component.handle, p, change.value, change.status, change.original);
-    if (change.status == csModified || change.status == csNew || change.status == csDeleted) {
-      changes.push_back(std::move(change));
+  for (PropertyInfo property : transport.Properties(component.handle)) {
+    if (property.status == csModified || property.status == csNew || property.status == csDeleted) {
+      changes.push_back(std::move(property));
     }
   }
   return changes;
 }
 
-void WriteText(const Child& component, const std::string& path, const std::vector<PropertyChange>& properties,
+void WriteText(const Child& component, const std::string& path, const std::vector<PropertyInfo>& properties,
                std::ostream& out) {
   if (component.status != csNormal) {
     std::string word(StatusName(component.status));
@@ -56,7 +46,7 @@ void WriteText(const Child& component, const std::string& path, const std::vecto
     word.resize(9, ' ');
     out << word << path << '\n';
   }
-  for (const PropertyChange& property : properties) {
+  for (const PropertyInfo& property : properties) {
     out << "  " << path << '/' << property.name << ": ";
     if (property.status == csModified) {
       out << property.original << " -> " << property.value << '\n';
@@ -66,13 +56,13 @@ void WriteText(const Child& component, const std::string& path, const std::vecto
   }
 }
 
-void WriteJson(const Child& component, const std::string& path, const std::vector<PropertyChange>& properties,
+void WriteJson(const Child& component, const std::string& path, const std::vector<PropertyInfo>& properties,
                bool first, std::ostream& out) {
   out << (first ? "\n" : ",\n") << "{\"path\":";
   WriteJsonString(out, path);
   out << ",\"status\":\"" << StatusName(component.status) << "\",\"properties\":[";
   for (std::size_t i = 0; i < properties.size(); ++i) {
-    const PropertyChange& property = properties[i];
+    const PropertyInfo& property = properties[i];
     out << (i > 0 ? "," : "") << "{\"name\":";
     WriteJsonString(out, property.name);
     out << ",\"status\":\"" << StatusName(property.status) << "\",\"original\":";
@@ -92,7 +82,7 @@ int RunChanges(const ChangesOptions& options) {
   long changed = 0;
   if (json) out << '[';
   WalkComponents(*transport, 0, [&](const Child& component, const std::string& path, int) {
-    const std::vector<PropertyChange> properties = MarkedProperties(*transport, component);
+    const std::vector<PropertyInfo> properties = MarkedProperties(*transport, component);
     if (component.status == csNormal && properties.empty()) return;
     if (json) {
       WriteJson(component, path, properties, changed == 0, out);

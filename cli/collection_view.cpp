@@ -18,12 +18,8 @@ Long MemberAt(Transport& transport, Long collection, Long position) {
 CollectionView::CollectionView(Transport& transport, Long collection)
     : transport_(transport), collection_(collection), count_(transport.CountCompChildren(collection)) {
   if (count_ == 0) return;
-  const Long first = MemberAt(transport_, collection_, 1);
-  const Long properties = transport_.CountCompProperties(first);
-  for (Long k = 1; k <= properties; ++k) {
-    std::string value, original;
-    enComponentStatus status = csNormal;
-    column_names_.push_back(transport_.GetCompProperty(first, k, value, status, original));
+  for (PropertyInfo property : transport_.Properties(MemberAt(transport_, collection_, 1))) {
+    column_names_.push_back(std::move(property.name));
   }
 }
 
@@ -34,16 +30,11 @@ std::shared_ptr<Collection> CollectionView::Item(const Variant& lngIndex) {
   const Long position = lngIndex.AsLong();
   if (position < 1 || position > count_) throw AutomationError::Runtime(errSubscriptOutOfRange);
   if (position == cached_position_) return cached_item_;
-  const Long member = MemberAt(transport_, collection_, position);
   auto item = std::make_shared<Collection>();
-  const Long properties = transport_.CountCompProperties(member);
-  for (Long k = 1; k <= properties; ++k) {
-    std::string value, original;
-    enComponentStatus status = csNormal;
-    const std::string name = transport_.GetCompProperty(member, k, value, status, original);
+  for (PropertyInfo property : transport_.Properties(MemberAt(transport_, collection_, position))) {
     // A repeated property name keeps its first value, which is the one a lookup by name finds.
     try {
-      item->Add(Variant(std::move(value)), name);
+      item->Add(Variant(std::move(property.value)), property.name);
     } catch (const AutomationError& error) {
       if (error.number() != errDuplicateKey) throw;
     }
@@ -61,13 +52,8 @@ std::string CollectionView::PropertyNames(Long lngIndex) {
 }
 
 Long FirstCollection(Transport& transport) {
-  const Long count = transport.CountCompChildren(0);
-  for (Long i = 1; i <= count; ++i) {
-    std::string name;
-    enComponentStatus status = csNormal;
-    enComponentType type = ctComponent;
-    const Long child = transport.GetCompChild(0, i, name, status, type);
-    if (type == ctcollection) return child;
+  for (const ChildInfo& child : transport.Children(0)) {
+    if (child.type == ctcollection) return child.handle;
   }
   return 0;
 }

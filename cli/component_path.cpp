@@ -1,6 +1,7 @@
 #include "cli/component_path.hpp"
 #include "cli/upper_name.hpp"
 
+#include <algorithm>
 #include <charconv>
 #include <unordered_map>
 
@@ -42,14 +43,13 @@ std::vector<std::string> StepsFor(const std::vector<std::string>& names) {
 }
 
 std::vector<Child> ChildrenOf(Transport& transport, Long parent) {
-  const Long count = transport.CountCompChildren(parent);
+  const ChildRange range = transport.Children(parent);
   std::vector<Child> children;
-  children.reserve(static_cast<std::size_t>(count > 0 ? count : 0));
+  children.reserve(static_cast<std::size_t>(std::max<Long>(range.size(), 0)));
   std::vector<std::string> names;
-  for (Long i = 1; i <= count; ++i) {
-    Child& child = children.emplace_back();
-    child.handle = transport.GetCompChild(parent, i, child.name, child.status, child.type);
-    names.push_back(child.name);
+  for (ChildInfo info : range) {
+    names.push_back(info.name);
+    children.push_back({info.handle, std::move(info.name), info.status, info.type, {}});
   }
   std::vector<std::string> steps = StepsFor(names);
   for (std::size_t i = 0; i < children.size(); ++i) children[i].step = std::move(steps[i]);
@@ -72,13 +72,11 @@ Long ResolvePath(Transport& transport, std::string_view path) {
     walked += step;
     Long found = 0;
     long seen = 0;
-    const Long count = transport.CountCompChildren(handle);
-    for (Long i = 1; i <= count && found == 0; ++i) {
-      std::string child_name;
-      enComponentStatus status = csNormal;
-      enComponentType type = ctComponent;
-      const Long child = transport.GetCompChild(handle, i, child_name, status, type);
-      if (UpperName(child_name) == name && ++seen == position) found = child;
+    for (const ChildInfo& child : transport.Children(handle)) {
+      if (UpperName(child.name) == name && ++seen == position) {
+        found = child.handle;
+        break;
+      }
     }
     if (found == 0) throw Failure(fmt::format("no component at {}", walked));
     handle = found;

@@ -28,21 +28,9 @@ struct DiffOptions {
   std::string output;
 };
 
-struct Property {
-  std::string name;
-  std::string value;
-  enComponentStatus status;
-};
-
-std::vector<Property> PropertiesOf(Transport& transport, Long handle) {
-  std::vector<Property> properties;
-  const Long count = transport.CountCompProperties(handle);
-  for (Long p = 1; p <= count; ++p) {
-    Property& property = properties.emplace_back();
-    std::string original;
-    property.name = transport.GetCompProperty(handle, p, property.value, property.status, original);
-  }
-  return properties;
+std::vector<PropertyInfo> PropertiesOf(Transport& transport, Long handle) {
+  const PropertyRange range = transport.Properties(handle);
+  return {range.begin(), range.end()};
 }
 
 // Writes each difference as it is found, as text lines or as the objects of a JSON array.
@@ -105,12 +93,12 @@ class DifferenceWriter {
 
 void CompareProperties(Transport& before, Long old_handle, Transport& after, Long new_handle, const std::string& path,
                        DifferenceWriter& writer) {
-  const std::vector<Property> old_properties = PropertiesOf(before, old_handle);
-  const std::vector<Property> new_properties = PropertiesOf(after, new_handle);
-  std::unordered_map<std::string, const Property*> by_name;
-  for (const Property& property : new_properties) by_name.try_emplace(property.name, &property);
+  const std::vector<PropertyInfo> old_properties = PropertiesOf(before, old_handle);
+  const std::vector<PropertyInfo> new_properties = PropertiesOf(after, new_handle);
+  std::unordered_map<std::string, const PropertyInfo*> by_name;
+  for (const PropertyInfo& property : new_properties) by_name.try_emplace(property.name, &property);
   std::unordered_map<std::string, bool> old_names;
-  for (const Property& old_property : old_properties) {
+  for (const PropertyInfo& old_property : old_properties) {
     if (!old_names.try_emplace(old_property.name, true).second) continue;  // a repeated name: its first counts
     const std::string property_path = path + "/" + old_property.name;
     const auto found = by_name.find(old_property.name);
@@ -125,7 +113,7 @@ void CompareProperties(Transport& before, Long old_handle, Transport& after, Lon
       writer.PropertyStatus(property_path, old_property.status, found->second->status);
     }
   }
-  for (const Property& new_property : new_properties) {
+  for (const PropertyInfo& new_property : new_properties) {
     if (old_names.try_emplace(new_property.name, true).second) {
       writer.PropertyPresence('+', path + "/" + new_property.name, new_property.value);
     }

@@ -43,14 +43,10 @@ void WriteStatus(enComponentStatus status, const TreeStyle& style, std::ostream&
 
 void PrintProperties(Transport& transport, Long handle, const std::string& indent, const TreeStyle& style,
                      std::ostream& out) {
-  const Long count = transport.CountCompProperties(handle);
-  for (Long p = 1; p <= count; ++p) {
-    std::string value, original;
-    enComponentStatus status = csNormal;
-    const std::string name = transport.GetCompProperty(handle, p, value, status, original);
-    out << indent << "    " << name << " = \"" << value << "\"";
-    WriteStatus(status, style, out);
-    if (!original.empty()) out << " (was \"" << original << "\")";
+  for (const PropertyInfo& property : transport.Properties(handle)) {
+    out << indent << "    " << property.name << " = \"" << property.value << "\"";
+    WriteStatus(property.status, style, out);
+    if (!property.original.empty()) out << " (was \"" << property.original << "\")";
     out << "\n";
   }
 }

@@ -2,7 +2,8 @@
 // asked for: one item per component of the collection (deleted ones included), one value per
 // property (its current value), keyed by property name; the first item's property names are the
 // columns. The same items as a DataCollection loaded with that collection, without a second copy
-// of the document.
+// of the document; one difference: a repeated property name keeps its first value, where a
+// DataCollection would load nothing at all.
 #pragma once
 
 #include <memory>

@@ -1,6 +1,7 @@
 #include "cli/document_checks.hpp"
 
 #include <algorithm>
+#include <functional>
 #include <unordered_set>
 #include <vector>
 

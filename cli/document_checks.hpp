@@ -3,7 +3,6 @@
 #pragma once
 
 #include <cstddef>
-#include <functional>
 #include <string>
 #include <vector>
 
@@ -12,9 +11,9 @@
 namespace varnex::cli {
 
 struct Finding {
-  bool error;          // false: a warning
+  bool error;             // false: a warning
   std::ptrdiff_t offset;  // where in the text, -1 when not known
-  std::string path;    // the component concerned, "" for the document as a whole
+  std::string path;       // the component concerned, "" for the document as a whole
   std::string what;
 };
 

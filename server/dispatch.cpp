@@ -197,8 +197,8 @@ class CallFrame {
   std::vector<VARTYPE> types;
   std::vector<VARIANTARG*> pointers;
 
-  void PassByValue(std::size_t k) {
-    types[k] = temps[k].vt;
+  void PassByValue(std::size_t k, VARTYPE vt) {
+    types[k] = vt;
     pointers[k] = &temps[k];
   }
   void PassByReference(std::size_t k, VARTYPE vt) {
@@ -348,7 +348,7 @@ HRESULT Dispatcher::Invoke(IUnknown* target, DISPID id, WORD flags, DISPPARAMS* 
       frame.temps[k].vt = type.vt == VT_VARIANT ? VARTYPE{VT_ERROR} : type.vt;
       if (type.vt == VT_VARIANT) frame.temps[k].scode = DISP_E_PARAMNOTFOUND;
     } else {
-      return DISP_E_PARAMNOTOPTIONAL;
+      return DISP_E_BADPARAMCOUNT;
     }
     if (FAILED(hr)) {
       if (argument_error != nullptr) *argument_error = put && k == inputs - 1 ? 0 : total - 1 - static_cast<UINT>(k);
@@ -357,7 +357,7 @@ HRESULT Dispatcher::Invoke(IUnknown* target, DISPID id, WORD flags, DISPPARAMS* 
     if (type.by_ref) {
       frame.PassByReference(k, type.vt);
     } else {
-      frame.PassByValue(k);
+      frame.PassByValue(k, type.vt);
     }
   }
 

@@ -6,7 +6,7 @@
 // called through the interface's vtable, and by-reference arguments are written back into the
 // caller's variables. Property gets and methods answer either invoke flag; NewEnum (-4) too.
 // Failures of the conversion keep the script runtime's own errors: DISP_E_TYPEMISMATCH (13),
-// DISP_E_BADPARAMCOUNT (450), DISP_E_MEMBERNOTFOUND (438), DISP_E_PARAMNOTOPTIONAL (449).
+// DISP_E_BADPARAMCOUNT (450, also for a required argument left out), DISP_E_MEMBERNOTFOUND (438).
 #pragma once
 
 #include <windows.h>

@@ -94,6 +94,14 @@ HRESULT ConvertArray(const VARIANT& value, VARTYPE element, VARIANT& out) {
   return S_OK;
 }
 
+bool IsNumber(VARTYPE vt) {
+  switch (vt) {
+    case VT_I1: case VT_UI1: case VT_I2: case VT_UI2: case VT_I4: case VT_UI4: case VT_INT: case VT_UINT:
+    case VT_I8: case VT_UI8: case VT_R4: case VT_R8: case VT_CY: case VT_DECIMAL: return true;
+    default: return false;
+  }
+}
+
 // Converts a caller's argument (by value or by reference) to the declared type.
 HRESULT ConvertArgument(const VARIANT& given, const ParamType& type, VARIANT& out) {
   VARIANT value;
@@ -116,6 +124,11 @@ HRESULT ConvertArgument(const VARIANT& given, const ParamType& type, VARIANT& ou
         hr = DISP_E_TYPEMISMATCH;
       }
     }
+  } else if (type.vt == VT_BOOL && IsNumber(value.vt)) {
+    // A Boolean reaches the core as its 16-bit value, so that 1 is not taken for True (-1).
+    hr = VariantChangeType(&out, &value, 0, VT_I2);
+    if (SUCCEEDED(hr)) out.vt = VT_BOOL;
+    if (hr != DISP_E_OVERFLOW && hr != E_OUTOFMEMORY && FAILED(hr)) hr = DISP_E_TYPEMISMATCH;
   } else {
     hr = VariantChangeType(&out, &value, 0, type.vt);
     if (hr != DISP_E_OVERFLOW && hr != E_OUTOFMEMORY && FAILED(hr)) hr = DISP_E_TYPEMISMATCH;

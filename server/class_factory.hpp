@@ -1,13 +1,13 @@
 // The class object of a creatable class: an IClassFactory over the class's create function.
 #pragma once
 
-#include <atomic>
 #include <new>
 
 #include <windows.h>
 #include <unknwn.h>
 
 #include "module.hpp"
+#include "reference_count.hpp"
 
 namespace varnex::server {
 
@@ -34,12 +34,8 @@ class ClassFactory final : public IClassFactory {
     *object = nullptr;
     return E_NOINTERFACE;
   }
-  ULONG STDMETHODCALLTYPE AddRef() override { return ++references_; }
-  ULONG STDMETHODCALLTYPE Release() override {
-    const ULONG left = --references_;
-    if (left == 0) delete this;
-    return left;
-  }
+  ULONG STDMETHODCALLTYPE AddRef() override { return references_.Add(); }
+  ULONG STDMETHODCALLTYPE Release() override { return references_.Release(this); }
   HRESULT STDMETHODCALLTYPE CreateInstance(IUnknown* outer, REFIID iid, void** object) override {
     if (object == nullptr) return E_POINTER;
     *object = nullptr;
@@ -52,10 +48,11 @@ class ClassFactory final : public IClassFactory {
   }
 
  private:
-  ClassFactory() { ObjectCreated(); }
-  ~ClassFactory() { ObjectDestroyed(); }
+  friend class ReferenceCount;
+  ClassFactory() = default;
+  ~ClassFactory() = default;
 
-  std::atomic<ULONG> references_{1};
+  ReferenceCount references_;
 };
 
 }  // namespace varnex::server

@@ -3,7 +3,6 @@
 // object, and Call, the guard that every method body runs in.
 #pragma once
 
-#include <atomic>
 #include <memory>
 #include <utility>
 
@@ -14,6 +13,7 @@
 #include "errors.hpp"
 #include "module.hpp"
 #include "object_map.hpp"
+#include "reference_count.hpp"
 
 namespace varnex::server {
 
@@ -38,12 +38,8 @@ class ComObject : public Interface, public ISupportErrorInfo, public ICoreObject
     AddRef();
     return S_OK;
   }
-  ULONG STDMETHODCALLTYPE AddRef() override { return ++references_; }
-  ULONG STDMETHODCALLTYPE Release() override {
-    const ULONG left = --references_;
-    if (left == 0) delete this;
-    return left;
-  }
+  ULONG STDMETHODCALLTYPE AddRef() override { return references_.Add(); }
+  ULONG STDMETHODCALLTYPE Release() override { return references_.Release(this); }
 
   HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) override {
     if (count == nullptr) return E_POINTER;
@@ -73,14 +69,13 @@ class ComObject : public Interface, public ISupportErrorInfo, public ICoreObject
   ComObject& operator=(const ComObject&) = delete;
 
  protected:
+  friend class ReferenceCount;
   // core: the core object this wrapper stands for, or null when it holds none that callers share.
   explicit ComObject(std::shared_ptr<Object> core = nullptr) : core_(std::move(core)) {
-    ObjectCreated();
     if (core_ != nullptr) RememberWrapper(core_.get(), static_cast<Interface*>(this));
   }
   virtual ~ComObject() {
     if (core_ != nullptr) ForgetWrapper(core_.get());
-    ObjectDestroyed();
   }
 
   // Runs a method body inside the error boundary.
@@ -90,7 +85,7 @@ class ComObject : public Interface, public ISupportErrorInfo, public ICoreObject
   }
 
  private:
-  std::atomic<ULONG> references_{1};
+  ReferenceCount references_;
   std::shared_ptr<Object> core_;
 };
 

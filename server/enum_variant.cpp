@@ -1,11 +1,10 @@
 // IEnumVARIANT over the core's Enumerator: what For Each asks a collection for.
-#include <atomic>
 #include <new>
 
 #include <varnex/varnex.hpp>
 
 #include "errors.hpp"
-#include "module.hpp"
+#include "reference_count.hpp"
 #include "variants.hpp"
 #include "wrappers.hpp"
 
@@ -14,7 +13,7 @@ namespace {
 
 class EnumVariant final : public IEnumVARIANT {
  public:
-  explicit EnumVariant(std::shared_ptr<Enumerator> enumerator) : enumerator_(std::move(enumerator)) { ObjectCreated(); }
+  explicit EnumVariant(std::shared_ptr<Enumerator> enumerator) : enumerator_(std::move(enumerator)) {}
 
   HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) override {
     if (object == nullptr) return E_POINTER;
@@ -26,12 +25,8 @@ class EnumVariant final : public IEnumVARIANT {
     AddRef();
     return S_OK;
   }
-  ULONG STDMETHODCALLTYPE AddRef() override { return ++references_; }
-  ULONG STDMETHODCALLTYPE Release() override {
-    const ULONG left = --references_;
-    if (left == 0) delete this;
-    return left;
-  }
+  ULONG STDMETHODCALLTYPE AddRef() override { return references_.Add(); }
+  ULONG STDMETHODCALLTYPE Release() override { return references_.Release(this); }
 
   HRESULT STDMETHODCALLTYPE Next(ULONG count, VARIANT* items, ULONG* fetched) override {
     ULONG done = 0;
@@ -59,9 +54,10 @@ class EnumVariant final : public IEnumVARIANT {
   }
 
  private:
-  ~EnumVariant() { ObjectDestroyed(); }
+  ~EnumVariant() = default;
+  friend class server::ReferenceCount;
 
-  std::atomic<ULONG> references_{1};
+  ReferenceCount references_;
   std::shared_ptr<Enumerator> enumerator_;
 };
 

@@ -32,12 +32,19 @@ struct DomainTables {
   Long domain_counter = 0;  // last domain handle given out
   Long prop_domain_count = 0;
 
-  void Reset() {
+  // Empties the tables as releasing the document does; the link count survives until Reset, so
+  // that a reset stopped before it (a root name that is not a valid name) leaves it as it was.
+  void Release() {
     domain_index.RemoveAll();
     domain_counts.RemoveAll();
     prop_domain_index.RemoveAll();
-    domain_counts.Set("0", 0);
     domain_counter = 0;
+  }
+
+  // The tables of an empty document.
+  void Reset() {
+    Release();
+    domain_counts.Set("0", 0);
     prop_domain_count = 0;
   }
 

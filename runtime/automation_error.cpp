@@ -26,7 +26,7 @@ std::string RuntimeErrorText(Long number) {
     case errInvalidUseOfNull: return "Invalid use of Null";
     case errObjectRequired: return "Object required";
     case errDuplicateKey: return "This key is already associated with an element of this collection";
-    case 32811: return "Element not found";
+    case errElementNotFound: return "Element not found";
     default: return {};
   }
 }

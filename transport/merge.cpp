@@ -37,7 +37,7 @@ std::string AttributeText(pugi::xml_node node, const char* name) {
 // prototype, and answers its handle. Properties and sub-components follow as the caller walks
 // the node's children.
 Long CopyComponent(Transport::Impl& impl, Long parent, pugi::xml_node node) {
-  Transport& self = impl.self;
+  Transport& self = impl.self();
   const enComponentStatus status = GetNodeStatus(node);
   if (!node) throw AutomationError::Runtime(errObjectNotSet);
   // Only a component keeps its status; a collection always arrives normal.
@@ -107,19 +107,19 @@ Long Transport::Impl::MergeTransportIn(Long parent, pugi::xml_document& incoming
     });
     if (links) {
       for (pugi::xml_node link = links.first_child(); link; link = link.next_sibling()) {
-        self.AddPropDomain(NameOf(link), xml::Text(link));
+        self().AddPropDomain(NameOf(link), xml::Text(link));
       }
     }
     if (domains) {
       for (pugi::xml_node domain = domains.first_child(); domain; domain = domain.next_sibling()) {
         const Long handle =
-            self.AddDomain(NameOf(domain), AttributeText(domain, "CODE"), AttributeText(domain, "DESC"));
+            self().AddDomain(NameOf(domain), AttributeText(domain, "CODE"), AttributeText(domain, "DESC"));
         // A domain that exists already takes none of the incoming items.
         if (handle <= 0) continue;
         for (pugi::xml_node item = domain.first_child(); item; item = item.next_sibling()) {
-          const Long number = self.AddDomainItem(handle);
+          const Long number = self().AddDomainItem(handle);
           for (pugi::xml_node property = item.first_child(); property; property = property.next_sibling()) {
-            self.AddDomainProperty(handle, number, NameOf(property), xml::Text(property));
+            self().AddDomainProperty(handle, number, NameOf(property), xml::Text(property));
           }
         }
       }
@@ -151,7 +151,7 @@ void Transport::Impl::RecurseComponents(Long parent, pugi::xml_node node) {
       levels.back().next = child.next_sibling();
       const Long owner = levels.back().handle;
       // Properties and sub-components are taken in the order in which they stand.
-      if (xml::LocalNameIs(child, "PROPERTIES")) CopyProperties(self, owner, child);
+      if (xml::LocalNameIs(child, "PROPERTIES")) CopyProperties(self(), owner, child);
       if (IsWrapper(child)) {
         const pugi::xml_node component = ComponentNodeOf(child);
         depth = levels.size() + 1;

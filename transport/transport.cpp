@@ -2,13 +2,38 @@
 // document as a whole.
 #include "transport/transport_impl.hpp"
 
+#include <utility>
+
 #include "runtime/trap.hpp"
 #include "runtime/xml.hpp"
 
 namespace varnex {
 
-Transport::Transport() : impl_(std::make_unique<Impl>(*this)) { impl_->BuildEmptyDocument(); }
+namespace {
+
+std::unique_ptr<Transport::Impl> EmptyImpl(Transport& owner) {
+  auto impl = std::make_unique<Transport::Impl>(owner);
+  impl->BuildEmptyDocument();
+  return impl;
+}
+
+}  // namespace
+
+Transport::Transport() : impl_(EmptyImpl(*this)) {}
 Transport::~Transport() = default;
+
+// The moved-from object is left as a new one, so that every later call on it still answers.
+Transport::Transport(Transport&& other) : impl_(std::exchange(other.impl_, EmptyImpl(other))) {
+  impl_->self_ = this;
+}
+
+Transport& Transport::operator=(Transport&& other) {
+  if (this != &other) {
+    impl_ = std::exchange(other.impl_, EmptyImpl(other));
+    impl_->self_ = this;
+  }
+  return *this;
+}
 
 void Transport::Impl::Release() {
   document.reset();
@@ -16,7 +41,7 @@ void Transport::Impl::Release() {
   handles.Clear();
   children.Build({}, 0);
   properties.Reset(0);
-  domains = DomainTables{};
+  domains.Release();
   last_handle = 0;
 }
 

@@ -7,6 +7,8 @@
 
 #include <pugixml.hpp>
 
+#include "varnex/trim.hpp"
+
 #include "domains/domain_tables.hpp"
 #include "runtime/xml_document.hpp"
 #include "transport/child_index.hpp"
@@ -24,9 +26,11 @@ inline constexpr const char* kDefaultRootName = "TALVEN";
 
 class Transport::Impl {
  public:
-  explicit Impl(Transport& self) : self(self) {}
+  explicit Impl(Transport& owner) : self_(&owner) {}
 
-  Transport& self;  // the public face, for private operations that call public ones
+  // The public face, for private operations that call public ones (moved along with the object).
+  Transport* self_;
+  Transport& self() { return *self_; }
 
   // --- Storage ----------------------------------------------------------------------------
   std::string root_name = kDefaultRootName;
@@ -66,7 +70,6 @@ class Transport::Impl {
 
   void CheckAndRebuildChildIndexes();
   void CheckAndRebuildPropIndexes();
-  bool IsPartOfAttachment(pugi::xml_node node) const;
   Long CountChildren(Long parent, Boolean ignore_deletes) const;
 
   // --- Components (components.cpp) ---------------------------------------------------------
@@ -79,7 +82,6 @@ class Transport::Impl {
   // --- Deletion and reset (deletion.cpp, reset.cpp) ----------------------------------------
   Boolean RecurseDeleteComponent(Long handle, Boolean forget);
   Boolean ResetComponentStatus(Long handle);
-  Boolean HardDeleteComponent(Long handle);
   // Cuts a component's wrapper out of its parent, keeping it alive (error 91 when there is none).
   void CutOut(pugi::xml_node element);
 

@@ -17,6 +17,10 @@ class Variant {
  public:
   Variant();                                  // vbEmpty
   Variant(Long value);                        // vbLong
+  // A Boolean variant is made on purpose with FromBoolean: true, vbTrue or any Boolean would
+  // otherwise come out as a Long.
+  Variant(bool value) = delete;
+  Variant(Boolean value) = delete;
   Variant(std::string value);                 // vbString
   Variant(const char* value);                 // vbString
   Variant(std::shared_ptr<Object> object);    // vbObject (a null pointer is the object Nothing)

@@ -1,4 +1,6 @@
 // Varnex: hold, edit and exchange hierarchical transport documents.
+//
+// Everything but the trim operations, whose pugixml types come with <varnex/trim.hpp>.
 #pragma once
 
 #include "varnex/automation_error.hpp"

@@ -29,7 +29,7 @@ TEST(DeepDocument, GenerateUpdateResetDelete) {
 
   returned.replace(returned.find(">100000<"), 8, ">last<");
   EXPECT_EQ(transport.UpdateDocument(returned), 1);
-  EXPECT_EQ(xml::Text(transport.impl().NodeOf(kDepth)), "last");
+  EXPECT_EQ(xml::Text(testing::Internals(transport).NodeOf(kDepth)), "last");
 
   EXPECT_EQ(transport.DeleteComponent(1), vbTrue);
   EXPECT_EQ(transport.GetComponentStatus(kDepth), csDeleted);

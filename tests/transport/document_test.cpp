@@ -27,6 +27,17 @@ TEST(TransportDocument, AnInvalidRootNameLeavesNoRoot) {
   EXPECT_EQ(transport.RootName(), "1st");
   EXPECT_EQ(transport.TransportDoc(), "");
   EXPECT_AUTOMATION_ERROR(transport.AddComponent(0, "a"), errObjectRequired, "AddComponent: Invalid Handle");
+
+  // The reset stops where the root is made: what its later steps would clear keeps its value.
+  Transport linked;
+  linked.AddPropDomain("COLOUR", "COLOURS");
+  linked.AddPropDomain("SHAPE", "SHAPES");
+  EXPECT_THROW(linked.RootName("a b"), AutomationError);
+  EXPECT_EQ(linked.CountPropDomains(), 2);
+  EXPECT_EQ(linked.CountDomains(), 0);
+  linked.RootName("GOOD");
+  EXPECT_EQ(linked.CountPropDomains(), 0);
+
   // Loaded text that starts with a comment fails on the root name the same way.
   EXPECT_AUTOMATION_ERROR(transport.TransportDoc("<!--note--><A/>"), errXml,
                           "GetTransportDoc: LetRootName: The name '' is not a valid XML element name.");
@@ -42,6 +53,21 @@ TEST(TransportDocument, LoadingTakesTheRootNameFromTheText) {
 
   transport.TransportDoc("<?xml version=\"1.0\"?><SURVEY/>");
   EXPECT_EQ(transport.RootName(), "xml") << "the first node names the root, even a declaration";
+}
+
+TEST(TransportDocument, MovingHandsOverTheDocumentAndLeavesANewOne) {
+  Transport first;
+  const Long site = first.AddComponent(0, "SITE", csNew);
+  Transport second = std::move(first);
+  EXPECT_EQ(second.GetComponentStatus(site), csNew);
+  EXPECT_EQ(second.MergeDocument("<TALVEN><COMPONENT><VISIT/></COMPONENT></TALVEN>", site), 1)
+      << "operations that call back into the object reach the new owner";
+  EXPECT_EQ(second.CountCompChildren(site), 1);
+  EXPECT_EQ(first.TransportDoc(), kEmpty);  // NOLINT(bugprone-use-after-move): left as new
+  EXPECT_EQ(first.AddComponent(0, "again"), 1);
+  first = std::move(second);
+  EXPECT_EQ(first.CountCompChildren(site), 1);
+  EXPECT_EQ(second.CountCompChildren(0), 0);  // NOLINT(bugprone-use-after-move)
 }
 
 TEST(TransportDocument, LoadingTextThatDoesNotParseLeavesAnEmptyTalven) {

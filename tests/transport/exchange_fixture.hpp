@@ -7,7 +7,7 @@
 
 #include "runtime/xml.hpp"
 #include "support/errors.hpp"
-#include "transport/transport_impl.hpp"
+#include "support/internals.hpp"
 #include "varnex/varnex.hpp"
 
 namespace varnex::testing {
@@ -15,7 +15,7 @@ namespace varnex::testing {
 // Puts the components of "<TALVEN>...</TALVEN>" into the document exactly as written and gives
 // every component and collection a handle, in document order.
 inline void Adopt(Transport& transport, const std::string& components) {
-  Transport::Impl& impl = transport.impl();
+  Transport::Impl& impl = testing::Internals(transport);
   pugi::xml_document incoming;
   ASSERT_TRUE(xml::LoadText(incoming, "<TALVEN>" + components + "</TALVEN>"));
   for (pugi::xml_node child : incoming.document_element().children()) {
@@ -32,7 +32,7 @@ inline void Adopt(Transport& transport, const std::string& components) {
 // The components as they stand, without the root and the domain sections.
 inline std::string Components(Transport& transport) {
   std::string text;
-  for (pugi::xml_node child : transport.impl().root.children()) {
+  for (pugi::xml_node child : testing::Internals(transport).root.children()) {
     if (xml::LocalNameIs(child, "COMPONENT") || xml::LocalNameIs(child, "COLLECTION")) xml::SerializeTo(child, text);
   }
   return text;

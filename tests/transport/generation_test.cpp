@@ -19,7 +19,7 @@ TEST(GenerateTransportDoc, FullMediumAndShortOfTheSameDocument) {
   const std::string archive = "<COMPONENT><A><ATTACHMENTS><M persist=\"True\"/><N/><O/></ATTACHMENTS></A></COMPONENT>";
   const std::string spare = "<COMPONENT><X><PROPERTIES><P>2</P></PROPERTIES></X></COMPONENT>";
   Adopt(transport, site + archive + spare);
-  transport.impl().document->AppendElement(transport.impl().domain_section, "COLOURS");
+  testing::Internals(transport).document->AppendElement(testing::Internals(transport).domain_section, "COLOURS");
   const std::string full = transport.GenerateTransportDoc(tmFull);
   EXPECT_EQ(full, "<TALVEN><DOMAIN><COLOURS/></DOMAIN><PROPERTY_DOMAINS/>" + site + archive + spare + "</TALVEN>");
   EXPECT_EQ(transport.GenerateTransportDoc(tmMedium), "<TALVEN>" + site + archive + spare + "</TALVEN>");
@@ -52,7 +52,7 @@ TEST(GenerateTransportDoc, ShortFormIsThatOfTheReloadedText) {
   reference += "</TALVEN>";
   // Written from the own document, where a removed component is not even read: a name that
   // would keep the document's text from loading goes unnoticed there.
-  transport.impl().NodeOf(8).append_attribute("1st").set_value("x");
+  testing::Internals(transport).NodeOf(8).append_attribute("1st").set_value("x");
   const std::string shortened = transport.GenerateTransportDoc(tmShort);
   EXPECT_EQ(shortened, reference);
   EXPECT_NE(shortened.find("<ATTACHMENTS><M persist=\"true\">"), std::string::npos);
@@ -71,8 +71,8 @@ TEST(GenerateTransportDoc, LoadingRulesShowInTheReducedForms) {
   EXPECT_EQ(transport.GenerateTransportDoc(tmMedium) + transport.GenerateTransportDoc(tmShort), reloaded + reloaded);
   // Blank text stays under xml:space="preserve" only; a processing instruction keeps its CR.
   transport.AddCompProperty(site, "Q", "  ");
-  pugi::xml_node element = transport.impl().NodeOf(site);
-  transport.impl().document->SetText(element.append_child("LOOSE"), " ");
+  pugi::xml_node element = testing::Internals(transport).NodeOf(site);
+  testing::Internals(transport).document->SetText(element.append_child("LOOSE"), " ");
   element.append_child(pugi::node_pi).set_name("pi");
   element.last_child().set_value("a\r\nb");
   const std::string kept = reloaded.substr(0, reloaded.find("</PROPERTIES>")) + "<Q xml:space=\"preserve\">  </Q>" +
@@ -94,7 +94,7 @@ TEST(GenerateTransportDoc, Failures) {
   // An attached declaration keeps the document's text from loading, wherever it stands.
   Transport declared;
   const Long leaf = declared.AddComponent(0, "Leaf");
-  pugi::xml_node pi = declared.impl().document->AppendElement(declared.impl().NodeOf(leaf), "ATTACHMENTS");
+  pugi::xml_node pi = testing::Internals(declared).document->AppendElement(testing::Internals(declared).NodeOf(leaf), "ATTACHMENTS");
   pi = pi.append_child(pugi::node_pi);
   pi.set_name("xml");
   pi.set_value("version=\"1.0\"");

@@ -256,7 +256,17 @@ Dispatcher& Dispatcher::Of(REFIID iid) {
 }
 
 Dispatcher::Dispatcher(ITypeInfo* dispatch_info, ITypeInfo* interface_info)
-    : dispatch_info_(dispatch_info), interface_info_(interface_info) {}
+    : dispatch_info_(dispatch_info), interface_info_(interface_info) {
+  TYPEATTR* attr = nullptr;
+  if (interface_info_ == nullptr || FAILED(interface_info_->GetTypeAttr(&attr))) return;
+  for (UINT i = 0; i < attr->cFuncs; ++i) {
+    FUNCDESC* f = nullptr;
+    if (FAILED(interface_info_->GetFuncDesc(i, &f))) continue;
+    members_.push_back({f->memid, f->invkind, i});
+    interface_info_->ReleaseFuncDesc(f);
+  }
+  interface_info_->ReleaseTypeAttr(attr);
+}
 
 Dispatcher::~Dispatcher() {
   if (dispatch_info_ != nullptr) dispatch_info_->Release();
@@ -276,52 +286,41 @@ HRESULT Dispatcher::GetIDsOfNames(LPOLESTR* names, UINT count, DISPID* ids) {
   return interface_info_->GetIDsOfNames(names, count, ids);
 }
 
-const FUNCDESC* Dispatcher::FindMember(DISPID id, WORD flags) const {
-  TYPEATTR* attr = nullptr;
-  if (interface_info_ == nullptr || FAILED(interface_info_->GetTypeAttr(&attr))) return nullptr;
-  const WORD count = attr->cFuncs;
-  interface_info_->ReleaseTypeAttr(attr);
+FUNCDESC* Dispatcher::FindMember(DISPID id, WORD flags) const {
   const bool put = flags & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF);
-  FUNCDESC* exact = nullptr;
-  FUNCDESC* other = nullptr;
-  for (UINT i = 0; i < count && exact == nullptr; ++i) {
-    FUNCDESC* f = nullptr;
-    if (FAILED(interface_info_->GetFuncDesc(i, &f))) continue;
-    const bool is_put = f->invkind == INVOKE_PROPERTYPUT || f->invkind == INVOKE_PROPERTYPUTREF;
-    if (f->memid != id || is_put != put) {
-      interface_info_->ReleaseFuncDesc(f);
-      continue;
+  const Member* exact = nullptr;
+  const Member* other = nullptr;
+  for (const Member& member : members_) {
+    const bool is_put = member.kind == INVOKE_PROPERTYPUT || member.kind == INVOKE_PROPERTYPUTREF;
+    if (member.id != id || is_put != put) continue;
+    const bool matches = put ? (member.kind == INVOKE_PROPERTYPUTREF ? flags & DISPATCH_PROPERTYPUTREF
+                                                                       : flags & DISPATCH_PROPERTYPUT)
+                             : (member.kind == INVOKE_PROPERTYGET ? flags & DISPATCH_PROPERTYGET
+                                                                    : flags & DISPATCH_METHOD);
+    if (matches) {
+      exact = &member;
+      break;
     }
-    const bool matches = put ? (f->invkind == INVOKE_PROPERTYPUTREF ? flags & DISPATCH_PROPERTYPUTREF
-                                                                     : flags & DISPATCH_PROPERTYPUT)
-                             : (f->invkind == INVOKE_PROPERTYGET ? flags & DISPATCH_PROPERTYGET
-                                                                  : flags & DISPATCH_METHOD);
-    FUNCDESC*& slot = matches ? exact : other;
-    if (slot == nullptr) {
-      slot = f;
-    } else {
-      interface_info_->ReleaseFuncDesc(f);
-    }
+    if (other == nullptr) other = &member;
   }
   // Script hosts differ in the flag they use: a get answers a method call and the other way
   // round, and a put an object assignment.
-  if (exact != nullptr) {
-    if (other != nullptr) interface_info_->ReleaseFuncDesc(other);
-    return exact;
-  }
-  return other;
+  const Member* chosen = exact != nullptr ? exact : other;
+  FUNCDESC* f = nullptr;
+  if (chosen == nullptr || FAILED(interface_info_->GetFuncDesc(chosen->index, &f))) return nullptr;
+  return f;
 }
 
 HRESULT Dispatcher::Invoke(IUnknown* target, DISPID id, WORD flags, DISPPARAMS* params, VARIANT* result,
                            EXCEPINFO* exception, UINT* argument_error) {
   static DISPPARAMS no_params = {nullptr, nullptr, 0, 0};
   if (params == nullptr) params = &no_params;
-  const FUNCDESC* f = FindMember(id, flags);
+  FUNCDESC* f = FindMember(id, flags);
   if (f == nullptr) return DISP_E_MEMBERNOTFOUND;
   struct Releaser {
     ITypeInfo* info;
-    const FUNCDESC* f;
-    ~Releaser() { info->ReleaseFuncDesc(const_cast<FUNCDESC*>(f)); }
+    FUNCDESC* f;
+    ~Releaser() { info->ReleaseFuncDesc(f); }
   } releaser{interface_info_, f};
 
   const bool put = flags & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF);

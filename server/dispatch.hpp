@@ -9,6 +9,8 @@
 // DISP_E_BADPARAMCOUNT (450, also for a required argument left out), DISP_E_MEMBERNOTFOUND (438).
 #pragma once
 
+#include <vector>
+
 #include <windows.h>
 #include <oaidl.h>
 
@@ -31,10 +33,18 @@ class Dispatcher {
   Dispatcher& operator=(const Dispatcher&) = delete;
 
  private:
-  const FUNCDESC* FindMember(DISPID id, WORD flags) const;
+  // The member to call, or null; the caller releases it with ReleaseFuncDesc.
+  FUNCDESC* FindMember(DISPID id, WORD flags) const;
+
+  struct Member {
+    MEMBERID id;
+    INVOKEKIND kind;
+    UINT index;  // of its FUNCDESC in interface_info_
+  };
 
   ITypeInfo* dispatch_info_;   // what GetTypeInfo hands out
   ITypeInfo* interface_info_;  // the vtable layout and parameter types
+  std::vector<Member> members_;
 };
 
 }  // namespace varnex::server

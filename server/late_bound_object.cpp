@@ -34,6 +34,7 @@ class Arguments {
 }  // namespace
 
 std::string LateBoundObject::TypeName() {
+  RequireObject();
   ComPtr<ITypeInfo> info;
   BSTR name = nullptr;
   if (FAILED(object_->GetTypeInfo(0, LOCALE_USER_DEFAULT, info.put())) || !info ||
@@ -45,7 +46,12 @@ std::string LateBoundObject::TypeName() {
   return text;
 }
 
+void LateBoundObject::RequireObject() const {
+  if (!object_) throw AutomationError::Runtime(errObjectNotSet);
+}
+
 DISPID LateBoundObject::IdOf(const std::string& member) {
+  RequireObject();
   BSTR name = ToBstr(member);
   DISPID id = DISPID_UNKNOWN;
   HRESULT hr = object_->GetIDsOfNames(IID_NULL, &name, 1, LOCALE_USER_DEFAULT, &id);

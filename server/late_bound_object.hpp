@@ -15,6 +15,7 @@
 
 namespace varnex::server {
 
+// Nothing in place of the object fails every call with error 91.
 class LateBoundObject : public LateBound {
  public:
   explicit LateBoundObject(ComPtr<IDispatch> object) : object_(std::move(object)) {}
@@ -26,6 +27,8 @@ class LateBoundObject : public LateBound {
   void Set(const std::string& member, const Variant& object) override;
 
  private:
+  // Nothing in place of the object: error 91.
+  void RequireObject() const;
   DISPID IdOf(const std::string& member);
   Variant Invoke(const std::string& member, WORD flags, const std::vector<Variant>& args, const Variant* value);
 

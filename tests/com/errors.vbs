@@ -101,6 +101,10 @@ Sub BindingErrors()
   Check "a collection that is no object", Err.Number, 13
   Err.Clear
 
+  Dim noControl
+  Set noControl = Nothing
+  scratch = dc.BindToGrid(noControl)
+  CheckError "no control", classError, "DataCollection", "Error Binding to Grid."
   Dim plain
   Set plain = New PlainControl
   Check "BindToGrid answers False", dc.BindToGrid(plain), False

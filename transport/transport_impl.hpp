@@ -13,6 +13,7 @@
 #include "runtime/xml_document.hpp"
 #include "transport/child_index.hpp"
 #include "transport/handle_table.hpp"
+#include "transport/index_upkeep.hpp"
 #include "transport/property_index.hpp"
 #include "varnex/transport.hpp"
 
@@ -44,6 +45,7 @@ class Transport::Impl {
   PropertyIndex properties;
   bool child_indexes_dirty = false;
   bool prop_indexes_dirty = false;
+  IndexUpkeep upkeep{*this};  // follows the document's changes into the two indexes
   DomainTables domains;
 
   // --- Document storage (transport.cpp) ----------------------------------------------------

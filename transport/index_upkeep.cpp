@@ -162,7 +162,8 @@ void IndexUpkeep::WrapperAdded(Long parent, pugi::xml_node parent_element, pugi:
 void IndexUpkeep::PropertyAdded(Long handle, pugi::xml_node list, bool new_list, pugi::xml_node property) {
   if (new_list) ExamineName(list);
   ExamineName(property);
-  if (IsPropertyList(property)) properties_full_ = true;
+  // A list of the root, or one named like a list inside a list, has no handle to be filed under.
+  if (IsPropertyList(property) || (new_list && handle == 0 && IsPropertyList(list))) properties_full_ = true;
   if (IsSelectedWrapper(property) && impl_.IsRootNamed(list)) children_full_ = true;
   if (properties_full_ || !IsPropertyList(list) || !Sees(handle, kToProperties)) return;
   if (new_list) impl_.properties.StartList(handle);

@@ -62,6 +62,8 @@ class IndexUpkeep final : public xml::XmlDocument::Observer {
   void CutOut(pugi::xml_node wrapper);
   // Anything may have changed: both indexes are rebuilt in full on their next rebuild.
   void Unknown();
+  // The document was made whole at once: both indexes are rebuilt in full on their next rebuild.
+  void RebuildInFull() { children_full_ = properties_full_ = true; }
 
   // Brings an index marked stale up to date (the rebuild), as cheaply as the changes allow.
   void UpdateChildren();

@@ -88,6 +88,7 @@ void Transport::TransportDoc(const std::string& text) {
     impl_->Release();
     impl_->root_name = kDefaultRootName;
     impl_->BuildEmptyDocument();
+    if (impl_->LoadInOnePass(text)) return;
     pugi::xml_document incoming;
     xml::LoadText(incoming, text);
     const pugi::xml_node first = incoming.first_child();

@@ -102,6 +102,12 @@ class Transport::Impl {
   // reduced otherwise.
   bool MarkTrim(pugi::xml_node node, TrimMarks& marks);
 
+  // --- Loading (load.cpp) -----------------------------------------------------------------
+  // Loads text in the form the building operations write straight into a new document, as the
+  // merge into an empty document would leave it; false (nothing changed) for text in any other
+  // form.
+  bool LoadInOnePass(const std::string& text);
+
   // --- Merging (merge.cpp) -----------------------------------------------------------------
   Long MergeTransportIn(Long parent, const std::string& text);
   // The same, on text already loaded by the caller.

@@ -2,6 +2,7 @@
 
 #include <cstring>
 
+#include "runtime/text.hpp"
 #include "runtime/xml.hpp"
 #include "transport/node_status.hpp"
 #include "transport/transport_impl.hpp"
@@ -11,6 +12,27 @@ namespace varnex {
 namespace {
 
 bool IsPropertyList(pugi::xml_node node) { return xml::ElementNamed(node, "PROPERTIES"); }
+
+bool IsListName(const char* name) { return *name == 'P' && std::strcmp(name, "PROPERTIES") == 0; }
+// For the walks over the whole document, which look at every element's name once.
+bool IsWrapperName(const char* name) {
+  return *name == 'C' && (std::strcmp(name, "COMPONENT") == 0 || std::strcmp(name, "COLLECTION") == 0);
+}
+// A property list whose nodes are neither wrappers nor lists and hold nothing but text: no
+// wrapper, list or handle lies below it.
+bool IsPlainList(pugi::xml_node list) {
+  for (pugi::xml_node property = list.first_child(); property; property = property.next_sibling()) {
+    const char* name = property.name();
+    if (IsWrapperName(name) || IsListName(name) || property.first_child().type() == pugi::node_element) return false;
+  }
+  return true;
+}
+bool IsAttachmentsName(pugi::xml_node element, const char* name) {
+  for (const char* c = name; *c; ++c) {
+    if (static_cast<unsigned char>(*c) >= 0x80 || *c == ':') return xml::LocalNameIs(element, "ATTACHMENTS");
+  }
+  return (*name == 'A' || *name == 'a') && EqualsIgnoreCase(name, "ATTACHMENTS");
+}
 
 bool NamedExactly(pugi::xml_node node, const std::string& name) {
   return node.type() == pugi::node_element && name == node.name();
@@ -260,9 +282,13 @@ void IndexUpkeep::RebuildChildren() {
   for (std::uint8_t& seen : seen_) seen &= static_cast<std::uint8_t>(~kToChildren);
   foreign_root_children_ = 0;
   std::vector<ChildIndex::Entry> entries;
+  // A wrapper among plain properties is filed only when its list is named like the root.
+  const bool lists_hold_entries = EqualsIgnoreCase(impl_.root_name, "PROPERTIES");
   if (impl_.root) {
     xml::WalkElements(impl_.root, [&](pugi::xml_node element) {
-      if (!IsSelectedWrapper(element)) return true;
+      const char* name = element.name();
+      if (IsListName(name)) return lists_hold_entries || !IsPlainList(element);
+      if (!IsWrapperName(name)) return true;
       const Long child = HandleInWrapper(impl_, element);
       AddSeen(child, kToChildren);
       const pugi::xml_node parent = element.parent();
@@ -286,13 +312,17 @@ void IndexUpkeep::RebuildProperties() {
   impl_.properties.Reset();
   if (!impl_.root) return;
   xml::WalkElements(impl_.root, [&](pugi::xml_node element) {
-    if (xml::LocalNameIs(element, "ATTACHMENTS")) return false;  // attachments are not indexed
-    if (IsSelectedWrapper(element)) {
+    const char* name = element.name();
+    if (IsAttachmentsName(element, name)) return false;  // attachments are not indexed
+    if (IsWrapperName(name)) {
       const pugi::xml_node component = element.first_child();
-      const Long child = HandleInWrapper(impl_, element);
-      if (!xml::LocalNameIs(component, "ATTACHMENTS")) AddSeen(child, kToProperties);
+      if (component.type() == pugi::node_element && !IsAttachmentsName(component, component.name())) {
+        AddSeen(impl_.HandleOf(component), kToProperties);
+      }
+    } else if (IsListName(name)) {
+      impl_.properties.AddList(impl_.HandleOf(element.parent()), element);
+      return !IsPlainList(element);
     }
-    if (IsPropertyList(element)) impl_.properties.AddList(impl_.HandleOf(element.parent()), element);
     return true;
   });
 }

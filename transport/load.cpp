@@ -26,6 +26,12 @@ bool IsWrapperNamed(pugi::xml_node node) { return Named(node, "COMPONENT") || Na
 
 // A name the building operations write as it stands: upper case, without a prefix.
 bool IsBuiltName(const char* name) {
+  // Upper-case ASCII letters, digits, "_", "-" and ".", a letter or "_" first: the usual names.
+  bool plain = (*name >= 'A' && *name <= 'Z') || *name == '_';
+  for (const char* c = name; plain && *c; ++c) {
+    plain = (*c >= 'A' && *c <= 'Z') || (*c >= '0' && *c <= '9') || *c == '_' || *c == '-' || *c == '.';
+  }
+  if (plain) return true;
   return std::strchr(name, ':') == nullptr && UCase(name) == name && xml::IsElementName(name);
 }
 

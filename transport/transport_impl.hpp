@@ -92,7 +92,9 @@ class Transport::Impl {
   // --- Updating (update.cpp) ---------------------------------------------------------------
   Long RecurseCopyProperties(pugi::xml_node incoming, pugi::xml_node own);
 
-  // --- Generation (generation.cpp, trim.cpp) -----------------------------------------------
+  // --- Generation (generation.cpp, trim.cpp, root_wrappers.cpp) ----------------------------
+  // The own document's top-level wrappers, as SelectRootWrappers finds them.
+  std::vector<pugi::xml_node> OwnRootWrappers() const;
   std::string GetModifiedXML();
   std::string GetModifiedXML2();
   Long HasModifications(pugi::xml_node node);

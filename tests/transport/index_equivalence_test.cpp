@@ -16,6 +16,7 @@
 #include "runtime/xml.hpp"
 #include "support/internals.hpp"
 #include "transport/node_status.hpp"
+#include "transport/root_wrappers.hpp"
 #include "varnex/varnex.hpp"
 
 namespace varnex {
@@ -87,6 +88,7 @@ class IndexEquivalence {
         if (!after.prop_indexes_dirty) properties_.reset();
       }
       CheckHeld();
+      CheckRootWrappers();
       if (Pick(0, 3) != 0) BringUpToDateAndCheck();
     }
   }
@@ -243,6 +245,18 @@ class IndexEquivalence {
         ASSERT_EQ(impl.properties.At(handle, static_cast<Long>(k)), list->second[k - 1])
             << Where(when) << ", property " << k << " of " << handle;
       }
+    }
+  }
+
+  // The top-level wrappers, found without a walk where the document allows, as the walk finds them.
+  void CheckRootWrappers() {
+    const Transport::Impl& impl = testing::Indexes(transport_);
+    try {
+      ASSERT_EQ(impl.OwnRootWrappers(),
+                SelectRootWrappers(impl.root, impl.root_name, impl.domain_section, impl.property_domain_section))
+          << Where("top-level wrappers");
+    } catch (const AutomationError&) {
+      // a root name that XPath refuses fails both ways
     }
   }
 

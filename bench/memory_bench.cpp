@@ -65,6 +65,8 @@ void BM_Memory(benchmark::State& state) {
     ours = Measure([&](auto loaded) {
       varnex::Transport transport;
       transport.TransportDoc(text);
+      transport.CountCompChildren(0);  // the indexes are built on the first reads
+      transport.CountCompProperties(1);
       loaded();
     });
   }

@@ -64,6 +64,8 @@ class IndexUpkeep final : public xml::XmlDocument::Observer {
   void Unknown();
   // The document was made whole at once: both indexes are rebuilt in full on their next rebuild.
   void RebuildInFull() { children_full_ = properties_full_ = true; }
+  // Handles 1..last all name components that both rebuild walks reach.
+  void SeeAll(Long last) { seen_.assign(static_cast<std::size_t>(last) + 1, kToChildren | kToProperties); }
 
   // Brings an index marked stale up to date (the rebuild), as cheaply as the changes allow.
   void UpdateChildren();

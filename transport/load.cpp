@@ -23,6 +23,7 @@ bool Named(pugi::xml_node node, const char* name) {
   return node.type() == pugi::node_element && std::strcmp(node.name(), name) == 0;
 }
 bool IsWrapperNamed(pugi::xml_node node) { return Named(node, "COMPONENT") || Named(node, "COLLECTION"); }
+bool IsWrapperName(const char* name) { return std::strcmp(name, "COMPONENT") == 0 || std::strcmp(name, "COLLECTION") == 0; }
 
 // A name the building operations write as it stands: upper case, without a prefix.
 bool IsBuiltName(const char* name) {
@@ -50,6 +51,11 @@ class OnePassForm {
   std::vector<pugi::xml_node> components;  // name elements, in the order handles are issued
   std::vector<pugi::xml_node> links;
   bool any_property = false;
+  // What the rebuilds of the child and property indexes would find, while no name asks for a
+  // closer look (a list, wrapper or attachments container made by a name, or one in a prototype).
+  std::vector<ChildIndex::Entry> children;
+  std::vector<std::pair<Long, pugi::xml_node>> lists;
+  bool plain = true;
 
   bool Check(pugi::xml_node root) {
     if (root.first_attribute()) return false;
@@ -65,8 +71,13 @@ class OnePassForm {
 
  private:
   // No element but the root may be named like it: the selections and the child index treat such
-  // elements apart.
-  bool NameAllowed(const char* name) const { return !EqualsIgnoreCase(name, root_name_); }
+  // elements apart. Names that the indexes look at are noted.
+  bool NameAllowed(const char* name) {
+    if (std::strcmp(name, "PROPERTIES") == 0 || std::strcmp(name, "ATTACHMENTS") == 0 || IsWrapperName(name)) {
+      plain = false;
+    }
+    return !EqualsIgnoreCase(name, root_name_);
+  }
 
   bool Domains(pugi::xml_node section) {
     if (section.first_attribute()) return false;
@@ -142,8 +153,9 @@ class OnePassForm {
 
   // A subtree taken over as text (an attachment) or as it stands (a prototype): no element named
   // like the root; for an attachment, nothing that a reload of its text alone could change.
-  bool Fragment(pugi::xml_node top, bool reloaded) const {
+  bool Fragment(pugi::xml_node top, bool reloaded) {
     bool fine = true;
+    const bool was_plain = plain;
     xml::WalkElements(top, [&](pugi::xml_node element) {
       if (!NameAllowed(element.name())) fine = false;
       if (reloaded) {
@@ -161,10 +173,12 @@ class OnePassForm {
       }
       return fine;
     });
+    // Attachments are taken over as text and looked at by neither index.
+    if (reloaded) plain = was_plain;
     return fine;
   }
 
-  bool Attachments(pugi::xml_node list) const {
+  bool Attachments(pugi::xml_node list) {
     if (list.first_attribute() || !list.first_child()) return false;
     for (pugi::xml_node attachment = list.first_child(); attachment; attachment = attachment.next_sibling()) {
       if (attachment.type() != pugi::node_element || !Fragment(attachment, true)) return false;
@@ -205,6 +219,7 @@ class OnePassForm {
   // A wrapper and its whole subtree, depth first, on a stack of its own.
   bool Components(pugi::xml_node top) {
     std::vector<pugi::xml_node> next;  // per open component: the child to look at next
+    std::vector<Long> handles;         // per open component: its handle
     const auto enter = [&](pugi::xml_node wrapper) {
       const pugi::xml_node element = wrapper.first_child();
       if (!IsWrapperNamed(wrapper) || wrapper.first_attribute() || element.type() != pugi::node_element ||
@@ -213,6 +228,11 @@ class OnePassForm {
         return false;
       }
       components.push_back(element);
+      const Long handle = static_cast<Long>(components.size());
+      const pugi::xml_attribute status = element.first_attribute();
+      children.push_back({handles.empty() ? 0 : handles.back(), handle,
+                          status && std::strcmp(status.name(), "STATUS") == 0 && std::strcmp(status.value(), "DELETED") == 0});
+      handles.push_back(handle);
       pugi::xml_node child = element.first_child();
       if (Named(child, "ATTACHMENTS")) {
         if (!Attachments(child)) return false;
@@ -232,12 +252,14 @@ class OnePassForm {
       if (!child) {
         next.pop_back();
         listed.pop_back();
+        handles.pop_back();
         continue;
       }
       next.back() = child.next_sibling();
       if (Named(child, "PROPERTIES") && !listed.back()) {
         listed.back() = true;
         if (!Properties(child)) return false;
+        lists.emplace_back(handles.back(), child);
       } else if (IsWrapperNamed(child)) {
         if (!enter(child)) return false;
         listed.push_back(false);
@@ -279,6 +301,7 @@ bool Transport::Impl::LoadInOnePass(const std::string& text) {
   upkeep.Reset();
   last_handle = 0;
   for (const pugi::xml_node component : form.components) IssueHandle(component);
+  const Long last_component_handle = last_handle;
   for (const pugi::xml_node link : form.links) {
     const Long handle = ++last_handle;
     domains.prop_domain_index.Add(FormatLong(handle), link);
@@ -302,10 +325,18 @@ bool Transport::Impl::LoadInOnePass(const std::string& text) {
     }
     domains.domain_counts.Set(DomainTables::Key(handle), number);
   }
-  // Marked stale as the building operations mark them, to be rebuilt in full on the next read.
+  // Marked stale as the building operations mark them. The indexes hold what their rebuild would
+  // find now, and follow later changes from here; unless names ask for a closer look, and then
+  // the next rebuilds are full ones.
   child_indexes_dirty = !form.components.empty();
   prop_indexes_dirty = form.any_property;
-  upkeep.RebuildInFull();
+  if (form.plain) {
+    children.Build(form.children);
+    for (const auto& [handle, list] : form.lists) properties.AddList(handle, list);
+    upkeep.SeeAll(last_component_handle);
+  } else {
+    upkeep.RebuildInFull();
+  }
   return true;
 }
 

@@ -14,8 +14,9 @@
 namespace varnex {
 namespace {
 
-// A document built by random calls of the building operations.
-std::string Built(unsigned seed) {
+// A document built by random calls of the building operations; with `plain`, only names that the
+// indexes do not look at.
+std::string Built(unsigned seed, bool plain) {
   std::mt19937 random(seed);
   const auto pick = [&](Long low, Long high) { return std::uniform_int_distribution<Long>(low, high)(random); };
   static const char* const names[] = {"site", "Visit", "line", "PROPERTIES", "component", "ATTACHMENTS"};
@@ -25,7 +26,7 @@ std::string Built(unsigned seed) {
     // Attributes, attachments and properties of the root itself are not loaded back.
     const Long parent = pick(0, testing::Indexes(t).last_handle);
     const Long handle = std::max<Long>(1, parent);
-    const char* name = names[pick(0, 5)];
+    const char* name = names[pick(0, plain ? 2 : 5)];
     const char* value = values[pick(0, 4)];
     try {
       switch (pick(0, 11)) {
@@ -131,7 +132,7 @@ TEST(OnePassLoad, GivesWhatTheMergeGives) {
   int in_one_pass = 0;
   for (unsigned seed = 1; seed <= 80; ++seed) {
     SCOPED_TRACE("seed " + std::to_string(seed));
-    const std::string text = Built(seed);
+    const std::string text = Built(seed, seed % 2 == 0);
     Transport fast;
     // An attachment added after a sub-component comes back before it: such text is merged.
     if (testing::Indexes(fast).LoadInOnePass(text)) ++in_one_pass;

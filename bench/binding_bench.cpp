@@ -34,7 +34,7 @@ void BM_DataCollectionLoad(benchmark::State& state) {
   }
   state.SetItemsProcessed(state.iterations() * state.range(0));
 }
-BENCHMARK(BM_DataCollectionLoad)->Arg(100000)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_DataCollectionLoad)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond);
 
 void BM_ProviderReadAll(benchmark::State& state) {
   auto collection = std::make_shared<varnex::DataCollection>();
@@ -50,6 +50,6 @@ void BM_ProviderReadAll(benchmark::State& state) {
   }
   state.SetItemsProcessed(state.iterations() * state.range(0));
 }
-BENCHMARK(BM_ProviderReadAll)->Arg(100000)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_ProviderReadAll)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond);
 
 }  // namespace

@@ -9,22 +9,22 @@ namespace varnex::xml {
 
 pugi::xml_node XmlDocument::AppendElement(pugi::xml_node parent, std::string_view name) {
   pugi::xml_node element = xml::AppendElement(parent, name);
-  ++version_;
+  if (observer_) observer_->Appended(element);
   return element;
 }
 
 pugi::xml_node XmlDocument::AppendCopy(pugi::xml_node parent, pugi::xml_node source) {
   pugi::xml_node copy = parent.append_copy(source);
   if (!copy) throw AutomationError::Runtime(errInvalidProcedureCall);
-  ++version_;
+  if (observer_) observer_->Appended(copy);
   return copy;
 }
 
 void XmlDocument::Detach(pugi::xml_node node) {
   if (!node || !node.parent() || node.parent() == store_) return;
+  if (observer_) observer_->Detaching(node);
   if (!store_) store_ = document_.append_child(pugi::node_element);
   store_.append_move(node);
-  ++version_;
 }
 
 XmlDocument::TextChange XmlDocument::SetText(pugi::xml_node node, std::string_view text) {
@@ -43,7 +43,7 @@ XmlDocument::TextChange XmlDocument::SetText(pugi::xml_node node, std::string_vi
     Detach(child);
   }
   if (!text.empty()) node.append_child(pugi::node_pcdata).set_value(std::string(text).c_str());
-  ++version_;
+  if (observer_) observer_->TextReplaced(node);
   return change;
 }
 

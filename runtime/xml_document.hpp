@@ -6,8 +6,8 @@
 // the document element, and every walk, selection and serialisation made through this class
 // sees only the visible tree (or, from a removed node, that node's own detached tree).
 //
-// It also counts structural changes, so that indexes built from the tree can tell whether a
-// rebuild would give anything new.
+// It also counts structural changes, and tells an observer about each one as it is made, so that
+// indexes kept beside the tree can follow it.
 #pragma once
 
 #include <cstdint>
@@ -20,6 +20,20 @@ namespace varnex::xml {
 
 class XmlDocument {
  public:
+  // Told of every structural change made through this class.
+  class Observer {
+   public:
+    // A node (with its whole subtree, for a copy) was appended.
+    virtual void Appended(pugi::xml_node node) = 0;
+    // A node is about to leave its parent for a detached tree of its own.
+    virtual void Detaching(pugi::xml_node node) = 0;
+    // An element's children were replaced by (at most) one text node.
+    virtual void TextReplaced(pugi::xml_node element) = 0;
+
+   protected:
+    ~Observer() = default;
+  };
+
   XmlDocument() = default;
   XmlDocument(const XmlDocument&) = delete;
   XmlDocument& operator=(const XmlDocument&) = delete;
@@ -54,8 +68,9 @@ class XmlDocument {
   // The visible tree as raw text, without declaration.
   std::string Serialize() const;
 
-  // Number of structural changes made through this class so far.
-  std::uint64_t structure_version() const { return version_; }
+  // The observer told of every structural change from now on; nullptr for none.
+  void Observe(Observer* observer) { observer_ = observer; }
+
 
  private:
   // The top of the tree the node belongs to: the document, or a detached top.
@@ -63,7 +78,7 @@ class XmlDocument {
 
   pugi::xml_document document_;
   pugi::xml_node store_;  // holds detached trees; created on the first removal
-  std::uint64_t version_ = 0;
+  Observer* observer_ = nullptr;
 };
 
 }  // namespace varnex::xml

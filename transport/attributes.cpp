@@ -41,6 +41,7 @@ Boolean Transport::AddCompAttribute(Long lngHandle, const std::string& strAttrib
                             "The name '" + strAttributeName + "' is not a valid XML attribute name.");
     }
     SetAttribute(element, strAttributeName.c_str(), strAttributeValue.c_str());
+    if (strAttributeName == "STATUS") impl_->upkeep.StatusChanged(lngHandle);
     return vbTrue;
   });
 }

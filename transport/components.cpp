@@ -19,11 +19,15 @@ enComponentType TypeOfWrapper(pugi::xml_node wrapper, enComponentType otherwise)
 
 Long Transport::Impl::AddWrapped(Long parent, const char* wrapper_name, const std::string& name, Long status) {
   xml::XmlDocument& doc = Document();
+  const pugi::xml_node parent_element = ParentNode(parent);
+  IndexUpkeep::Explaining explaining(upkeep);
   // The wrapper goes in first: a name that is not a valid element name leaves it behind, empty.
-  const pugi::xml_node wrapper = doc.AppendElement(ParentNode(parent), wrapper_name);
+  const pugi::xml_node wrapper = doc.AppendElement(parent_element, wrapper_name);
   const pugi::xml_node element = doc.AppendElement(wrapper, UCase(name));
   WriteStatus(element, status);
   const Long handle = IssueHandle(element);
+  upkeep.WrapperAdded(parent, parent_element, element, handle);
+  explaining.Done();
   child_indexes_dirty = true;
   return handle;
 }
@@ -99,7 +103,13 @@ std::string Transport::GetComponentXML(Long lngHandle) {
     return root_copy;
   });
   // The domain sections come along as they stand: every "DOMAIN" under an element named like the
-  // root, then the first "PROPERTY_DOMAINS" under one.
+  // root, then the first "PROPERTY_DOMAINS" under one. Unless the document holds other elements
+  // of those names, they are the root's own two sections.
+  if (!impl_->upkeep.OddSections()) {
+    copy_root.append_copy(impl_->domain_section);
+    copy_root.append_copy(impl_->property_domain_section);
+    return xml::Serialize(copy);
+  }
   const std::string& root_name = impl_->root_name;
   pugi::xml_node property_domains;
   xml::WalkElements(impl_->root, [&](pugi::xml_node element) {
@@ -135,6 +145,7 @@ enComponentStatus Transport::GetComponentStatus(Long lngHandle) {
 void Transport::RemoveComponentStatus(Long lngHandle) {
   pugi::xml_node element = impl_->NodeOf(lngHandle);
   element.remove_attribute("STATUS");
+  impl_->upkeep.StatusChanged(lngHandle);
   IgnoreErrors([&] { ClearPropertyMarks(element); });
 }
 

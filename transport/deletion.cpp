@@ -26,7 +26,10 @@ void Transport::Impl::CutOut(pugi::xml_node element) {
   // The wrapper goes, with the whole subtree; the top of a cut-out tree has nothing to leave.
   const pugi::xml_node wrapper = ParentOf(element);
   if (!wrapper || !ParentOf(wrapper)) throw AutomationError::Runtime(errObjectNotSet);
+  IndexUpkeep::Explaining explaining(upkeep);
   document->Detach(wrapper);
+  upkeep.CutOut(wrapper);
+  explaining.Done();
 }
 
 Boolean Transport::Impl::RecurseDeleteComponent(Long handle, Boolean forget) {
@@ -39,6 +42,7 @@ Boolean Transport::Impl::RecurseDeleteComponent(Long handle, Boolean forget) {
         continue;
       }
       SetAttribute(element, "STATUS", "DELETED");
+      upkeep.StatusChanged(current);
       // Only the first child of each wrapper is taken; an empty wrapper gives handle 0, the root.
       walk.Descend(current, [&](auto add) {
         for (pugi::xml_node child = element.first_child(); child; child = child.next_sibling()) {

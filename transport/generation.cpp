@@ -140,8 +140,7 @@ bool WriteShortForm(Transport::Impl& impl, std::string& text) {
     };
     TagWriter tags;
     text = OpenRoot(impl.root_name);
-    for (const pugi::xml_node wrapper :
-         SelectRootWrappers(impl.root, impl.root_name, impl.domain_section, impl.property_domain_section)) {
+    for (const pugi::xml_node wrapper : impl.OwnRootWrappers()) {
       if (!removed(wrapper)) WriteKept(wrapper, marks, tags, text);
     }
     CloseRoot(impl.root_name, text);
@@ -163,8 +162,7 @@ bool WriteMediumForm(Transport::Impl& impl, std::string& text) {
       }
       break;
     }
-    text = WrapUnderRoot(impl.root_name, SelectRootWrappers(impl.root, impl.root_name, impl.domain_section,
-                                                            impl.property_domain_section));
+    text = WrapUnderRoot(impl.root_name, impl.OwnRootWrappers());
     return AsReloaded(text);
   } catch (const AutomationError&) {
     return false;

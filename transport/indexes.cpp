@@ -1,11 +1,9 @@
-// The handle indexes: issuing and looking up handles, and the lazy rebuild of the child and
-// property indexes from the document.
+// The handle indexes: issuing and looking up handles, and bringing the child and property
+// indexes up to date when they are marked stale.
 #include "transport/transport_impl.hpp"
-#include "transport/wrapper_names.hpp"
 
 #include "runtime/trap.hpp"
 #include "runtime/xml.hpp"
-#include "transport/node_status.hpp"
 
 namespace varnex {
 
@@ -31,43 +29,15 @@ bool Transport::Impl::IsRootNamed(pugi::xml_node node) const { return xml::Local
 void Transport::Impl::CheckAndRebuildChildIndexes() {
   if (!child_indexes_dirty) return;
   Trap{"CheckAndRebuildChildIndexes", kInvalidHandle}.Run([&] {
-    std::vector<ChildIndex::Entry> entries;
-    if (root) {
-      xml::WalkElements(root, [&](pugi::xml_node element) {
-        if (IsSelectedWrapper(element)) {
-          const pugi::xml_node parent = element.parent();
-          const Long parent_handle = IsRootNamed(parent) ? 0 : HandleOf(parent);
-          // A wrapper whose parent has no handle is filed under a key no caller can name.
-          if (parent_handle != 0 || IsRootNamed(parent)) {
-            const pugi::xml_node name_element = element.first_child();
-            entries.push_back({parent_handle, HandleOf(name_element), GetNodeStatus(name_element) == csDeleted});
-          }
-        }
-        return true;
-      });
-    }
-    children.Build(entries, last_handle);
+    upkeep.UpdateChildren();
     child_indexes_dirty = false;
   });
 }
 
 void Transport::Impl::CheckAndRebuildPropIndexes() {
   if (!prop_indexes_dirty) return;
-  // Property lists depend on the tree's structure alone: unchanged structure, unchanged index.
-  if (document && properties.IsCurrent(document->structure_version())) {
-    prop_indexes_dirty = false;
-    return;
-  }
   Trap{"CheckAndRebuildPropIndexes", kInvalidHandle}.Run([&] {
-    properties.Reset(last_handle);
-    if (root) {
-      xml::WalkElements(root, [&](pugi::xml_node element) {
-        if (xml::LocalNameIs(element, "ATTACHMENTS")) return false;  // attachments are not indexed
-        if (xml::ElementNamed(element, "PROPERTIES")) properties.AddList(HandleOf(element.parent()), element);
-        return true;
-      });
-    }
-    properties.MarkBuilt(document->structure_version());
+    upkeep.UpdateProperties();
     prop_indexes_dirty = false;
   });
 }

@@ -8,6 +8,12 @@ namespace varnex {
 
 enComponentStatus GetNodeStatus(pugi::xml_node node) {
   if (!node) return csNormal;
+  // The written forms first, without a copy.
+  const char* written = node.attribute("STATUS").value();
+  if (*written == '\0') return csNormal;
+  if (std::strcmp(written, "NEW") == 0) return csNew;
+  if (std::strcmp(written, "DELETED") == 0) return csDeleted;
+  if (std::strcmp(written, "MODIFIED") == 0) return csModified;
   const std::string status = UCase(TrimBlanks(node.attribute("STATUS").value()));
   if (status == "NEW") return csNew;
   if (status == "DELETED") return csDeleted;

@@ -42,13 +42,17 @@ Long Transport::AddCompProperty(Long lngComponent, const std::string& strPropNam
   return Trap{"AddCompProperty", kInvalidHandle}.Run([&] {
     xml::XmlDocument& doc = impl_->Document();
     const pugi::xml_node element = impl_->NodeOf(lngComponent);
+    IndexUpkeep::Explaining explaining(impl_->upkeep);
     pugi::xml_node list = FindPropertyList(element);
-    if (!list) list = doc.AppendElement(element, "PROPERTIES");
+    const bool new_list = !list;
+    if (new_list) list = doc.AppendElement(element, "PROPERTIES");
     const pugi::xml_node property = doc.AppendElement(list, UCase(strPropName));
     SetAttribute(property, "xml:space", "preserve");  // always the first attribute
     doc.SetText(property, strPropVal);
     WriteStatus(property, enStatus);
     if (!strPropOriginal.empty()) SetAttribute(property, "ORIGINAL", strPropOriginal.c_str());
+    impl_->upkeep.PropertyAdded(lngComponent, list, new_list, property);
+    explaining.Done();
     impl_->prop_indexes_dirty = true;
     return Long{1};
   });
@@ -115,42 +119,34 @@ Boolean Transport::ModifyCompProperty(Long lngHandle, Long lngProperty, const st
     if (TextEquals(property, strValue)) return vbTrue;
 
     xml::XmlDocument& doc = *impl_->document;
-    const std::uint64_t version = doc.structure_version();
-    const bool index_was_current = impl_->properties.IsCurrent(version);
     Boolean result = vbFalse;
-    xml::XmlDocument::TextChange change = xml::XmlDocument::TextChange::InPlace;
     switch (component_status) {
       case csNormal: {
         const std::string old_value = xml::Text(property);
         SetAttribute(component, "STATUS", "MODIFIED");
         SetAttribute(property, "ORIGINAL", old_value.c_str());
         SetAttribute(property, "STATUS", "MODIFIED");
-        change = doc.SetText(property, strValue);
+        doc.SetText(property, strValue);
         result = vbTrue;
         break;
       }
       case csModified:
         if (property_status == csModified) {
-          change = doc.SetText(property, strValue);
+          doc.SetText(property, strValue);
         } else {
           const std::string old_value = xml::Text(property);
-          change = doc.SetText(property, strValue);
+          doc.SetText(property, strValue);
           SetAttribute(property, "STATUS", "MODIFIED");
           SetAttribute(property, "ORIGINAL", old_value.c_str());
         }
         result = vbTrue;
         break;
       case csNew:
-        change = doc.SetText(property, strValue);
+        doc.SetText(property, strValue);
         result = vbTrue;
         break;
       case csDeleted:
         break;
-    }
-    // A value that gained or lost its text node changes no property list: the index built
-    // before still holds, and the next read need not rebuild it.
-    if (index_was_current && change == xml::XmlDocument::TextChange::TextNodes) {
-      impl_->properties.MarkBuilt(doc.structure_version());
     }
     impl_->prop_indexes_dirty = true;
     return result;

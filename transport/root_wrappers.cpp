@@ -3,6 +3,7 @@
 #include <cstring>
 
 #include "runtime/xml.hpp"
+#include "transport/transport_impl.hpp"
 #include "transport/wrapper_names.hpp"
 
 namespace varnex {
@@ -49,6 +50,18 @@ pugi::xml_node SelectFirstNamed(pugi::xml_node top, const std::string& root_name
     return !found;  // once found, the rest of the walk only passes by
   });
   return found;
+}
+
+// Unless some other element is named like the root, the selection is the root's own wrappers, and
+// the walk over the whole document can be left out.
+std::vector<pugi::xml_node> Transport::Impl::OwnRootWrappers() const {
+  if (upkeep.OddSections()) return SelectRootWrappers(root, root_name, domain_section, property_domain_section);
+  CheckCompiles("//" + root_name + "/COMPONENT | //" + root_name + "/COLLECTION");
+  std::vector<pugi::xml_node> wrappers;
+  for (pugi::xml_node child = root.first_child(); child; child = child.next_sibling()) {
+    if (IsSelectedWrapper(child)) wrappers.push_back(child);
+  }
+  return wrappers;
 }
 
 }  // namespace varnex

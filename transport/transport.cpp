@@ -39,8 +39,9 @@ void Transport::Impl::Release() {
   document.reset();
   root = domain_section = property_domain_section = pugi::xml_node();
   handles.Clear();
-  children.Build({}, 0);
-  properties.Reset(0);
+  children.Build({});
+  properties.Reset();
+  upkeep.Reset();
   domains.Release();
   last_handle = 0;
 }
@@ -48,6 +49,7 @@ void Transport::Impl::Release() {
 void Transport::Impl::BuildEmptyDocument() {
   Release();
   document = std::make_unique<xml::XmlDocument>();
+  document->Observe(&upkeep);
   root = document->AppendElement(document->document(), root_name);
   domain_section = document->AppendElement(root, "DOMAIN");
   property_domain_section = document->AppendElement(root, "PROPERTY_DOMAINS");
@@ -55,6 +57,7 @@ void Transport::Impl::BuildEmptyDocument() {
   last_handle = 0;
   child_indexes_dirty = false;
   prop_indexes_dirty = false;
+  upkeep.Reset();
 }
 
 void Transport::Impl::LetRootName(const std::string& name) {
@@ -65,7 +68,10 @@ void Transport::Impl::LetRootName(const std::string& name) {
 }
 
 xml::XmlDocument& Transport::Impl::Document() {
-  if (!document) document = std::make_unique<xml::XmlDocument>();
+  if (!document) {
+    document = std::make_unique<xml::XmlDocument>();
+    document->Observe(&upkeep);
+  }
   return *document;
 }
 
@@ -82,6 +88,7 @@ void Transport::TransportDoc(const std::string& text) {
     impl_->Release();
     impl_->root_name = kDefaultRootName;
     impl_->BuildEmptyDocument();
+    if (impl_->LoadInOnePass(text)) return;
     pugi::xml_document incoming;
     xml::LoadText(incoming, text);
     const pugi::xml_node first = incoming.first_child();

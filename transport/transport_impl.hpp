@@ -13,6 +13,7 @@
 #include "runtime/xml_document.hpp"
 #include "transport/child_index.hpp"
 #include "transport/handle_table.hpp"
+#include "transport/index_upkeep.hpp"
 #include "transport/property_index.hpp"
 #include "varnex/transport.hpp"
 
@@ -44,6 +45,7 @@ class Transport::Impl {
   PropertyIndex properties;
   bool child_indexes_dirty = false;
   bool prop_indexes_dirty = false;
+  IndexUpkeep upkeep{*this};  // follows the document's changes into the two indexes
   DomainTables domains;
 
   // --- Document storage (transport.cpp) ----------------------------------------------------
@@ -88,7 +90,9 @@ class Transport::Impl {
   // --- Updating (update.cpp) ---------------------------------------------------------------
   Long RecurseCopyProperties(pugi::xml_node incoming, pugi::xml_node own);
 
-  // --- Generation (generation.cpp, trim.cpp) -----------------------------------------------
+  // --- Generation (generation.cpp, trim.cpp, root_wrappers.cpp) ----------------------------
+  // The own document's top-level wrappers, as SelectRootWrappers finds them.
+  std::vector<pugi::xml_node> OwnRootWrappers() const;
   std::string GetModifiedXML();
   std::string GetModifiedXML2();
   Long HasModifications(pugi::xml_node node);
@@ -97,6 +101,12 @@ class Transport::Impl {
   // TrimDocument does. False when the tree's text, loaded afresh, would not load or would be
   // reduced otherwise.
   bool MarkTrim(pugi::xml_node node, TrimMarks& marks);
+
+  // --- Loading (load.cpp) -----------------------------------------------------------------
+  // Loads text in the form the building operations write straight into a new document, as the
+  // merge into an empty document would leave it; false (nothing changed) for text in any other
+  // form.
+  bool LoadInOnePass(const std::string& text);
 
   // --- Merging (merge.cpp) -----------------------------------------------------------------
   Long MergeTransportIn(Long parent, const std::string& text);

@@ -18,10 +18,9 @@ Long Transport::UpdateDocument(const std::string& strDoc) {
     xml::LoadText(returned, strDoc);  // text that does not parse selects nothing
     Impl& impl = *impl_;
     const std::vector<pugi::xml_node> incoming = SelectRootWrappers(returned, impl.root_name);
-    const pugi::xml_node own_root = impl.RootNode();
+    impl.RootNode();  // a document without a root fails here
     if (incoming.empty()) return Long{1};
-    const std::vector<pugi::xml_node> own =
-        SelectRootWrappers(own_root, impl.root_name, impl.domain_section, impl.property_domain_section);
+    const std::vector<pugi::xml_node> own = impl.OwnRootWrappers();
     for (std::size_t i = 0; i < incoming.size(); ++i) {
       if (i >= own.size()) throw AutomationError::Runtime(errObjectNotSet);
       impl.RecurseCopyProperties(incoming[i].first_child(), own[i].first_child());

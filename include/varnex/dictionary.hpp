@@ -39,11 +39,19 @@ class Dictionary : public Object {
   std::vector<Variant> Items() const;                     // in the order of Keys
 
  private:
+  struct Entry {
+    std::string key;
+    Variant item;
+    bool removed = false;
+  };
   std::ptrdiff_t Find(const std::string& key) const;
   std::string Fold(const std::string& key) const;
+  // Drops the removed entries once they outnumber the others.
+  void Compact();
 
   CompareMethod mode_;
-  std::vector<std::pair<std::string, Variant>> entries_;       // in insertion order
+  std::vector<Entry> entries_;                                 // in insertion order, removed ones marked
+  std::size_t removed_ = 0;                                    // entries marked removed
   std::unordered_map<std::string, std::size_t> positions_;     // the key as compared -> entry
 };
 

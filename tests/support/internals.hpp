@@ -13,7 +13,16 @@ struct TransportInternals {
 
 namespace testing {
 
-inline Transport::Impl& Internals(Transport& transport) { return TransportInternals::Of(transport); }
+// For changing the document by hand: what a test changes there is not reported to the indexes,
+// so their next rebuilds are full ones, read from the document as it then is.
+inline Transport::Impl& Internals(Transport& transport) {
+  Transport::Impl& impl = TransportInternals::Of(transport);
+  impl.upkeep.Unknown();
+  return impl;
+}
+
+// For looking at the indexes without disturbing how they are kept.
+inline Transport::Impl& Indexes(Transport& transport) { return TransportInternals::Of(transport); }
 
 }  // namespace testing
 }  // namespace varnex

@@ -10,7 +10,6 @@
 // indexes kept beside the tree can follow it.
 #pragma once
 
-#include <cstdint>
 #include <string>
 #include <string_view>
 

@@ -46,6 +46,9 @@ void ChildIndex::Build(const std::vector<Entry>& entries) {
   list_of_.clear();
   lists_.clear();
   place_of_.clear();
+  // Handles are dense: one slot per entry, give or take the parents without one.
+  place_of_.reserve(entries.size() + 1);
+  list_of_.reserve(entries.size() + 1);
   for (const Entry& entry : entries) Append(entry.parent, entry.child, entry.deleted);
   ForgetReads();
 }

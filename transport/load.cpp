@@ -19,11 +19,21 @@
 namespace varnex {
 namespace {
 
-bool Named(pugi::xml_node node, const char* name) {
-  return node.type() == pugi::node_element && std::strcmp(node.name(), name) == 0;
+// Whether a name is the given literal: compared in line, stopping at the first difference.
+template <std::size_t N>
+bool Is(const char* name, const char (&literal)[N]) {
+  for (std::size_t i = 0; i < N; ++i) {
+    if (name[i] != literal[i]) return false;
+  }
+  return true;
+}
+
+template <std::size_t N>
+bool Named(pugi::xml_node node, const char (&name)[N]) {
+  return node.type() == pugi::node_element && Is(node.name(), name);
 }
 bool IsWrapperNamed(pugi::xml_node node) { return Named(node, "COMPONENT") || Named(node, "COLLECTION"); }
-bool IsWrapperName(const char* name) { return std::strcmp(name, "COMPONENT") == 0 || std::strcmp(name, "COLLECTION") == 0; }
+bool IsWrapperName(const char* name) { return Is(name, "COMPONENT") || Is(name, "COLLECTION"); }
 
 // A name the building operations write as it stands: upper case, without a prefix.
 bool IsBuiltName(const char* name) {
@@ -54,7 +64,13 @@ class OnePassForm {
   // What the rebuilds of the child and property indexes would find, while no name asks for a
   // closer look (a list, wrapper or attachments container made by a name, or one in a prototype).
   std::vector<ChildIndex::Entry> children;
-  std::vector<std::pair<Long, pugi::xml_node>> lists;
+  struct List {
+    Long handle;
+    std::size_t start;  // into property_nodes
+    std::size_t count;
+  };
+  std::vector<List> lists;
+  std::vector<pugi::xml_node> property_nodes;  // the lists' nodes, one after the other
   bool plain = true;
 
   bool Check(pugi::xml_node root) {
@@ -73,8 +89,11 @@ class OnePassForm {
   // No element but the root may be named like it: the selections and the child index treat such
   // elements apart. Names that the indexes look at are noted.
   bool NameAllowed(const char* name) {
-    if (std::strcmp(name, "PROPERTIES") == 0 || std::strcmp(name, "ATTACHMENTS") == 0 || IsWrapperName(name)) {
-      plain = false;
+    if (Is(name, "PROPERTIES") || Is(name, "ATTACHMENTS") || IsWrapperName(name)) plain = false;
+    // Most names differ from the root's in their first letter already.
+    if ((name[0] | ' ') != (root_name_[0] | ' ') && static_cast<unsigned char>(name[0]) < 0x80 &&
+        static_cast<unsigned char>(root_name_[0]) < 0x80) {
+      return true;
     }
     return !EqualsIgnoreCase(name, root_name_);
   }
@@ -90,8 +109,8 @@ class OnePassForm {
       names.emplace_back(domain.name());
       // "CODE" then "DESC", each only when not empty.
       pugi::xml_attribute attribute = domain.first_attribute();
-      if (attribute && std::strcmp(attribute.name(), "CODE") == 0 && *attribute.value()) attribute = attribute.next_attribute();
-      if (attribute && std::strcmp(attribute.name(), "DESC") == 0 && *attribute.value()) attribute = attribute.next_attribute();
+      if (attribute && Is(attribute.name(), "CODE") && *attribute.value()) attribute = attribute.next_attribute();
+      if (attribute && Is(attribute.name(), "DESC") && *attribute.value()) attribute = attribute.next_attribute();
       if (attribute) return false;
       for (pugi::xml_node item = domain.first_child(); item; item = item.next_sibling()) {
         if (!Named(item, "ITEM") || item.first_attribute()) return false;
@@ -132,9 +151,9 @@ class OnePassForm {
   // free attributes, none of them named like the status.
   static bool ComponentAttributes(pugi::xml_node element, bool collection) {
     pugi::xml_attribute attribute = element.first_attribute();
-    if (!collection && attribute && std::strcmp(attribute.name(), "STATUS") == 0) {
+    if (!collection && attribute && Is(attribute.name(), "STATUS")) {
       const char* status = attribute.value();
-      if (std::strcmp(status, "NEW") != 0 && std::strcmp(status, "DELETED") != 0 && std::strcmp(status, "MODIFIED") != 0) {
+      if (!Is(status, "NEW") && !Is(status, "DELETED") && !Is(status, "MODIFIED")) {
         return false;
       }
       attribute = attribute.next_attribute();
@@ -184,7 +203,7 @@ class OnePassForm {
       if (attachment.type() != pugi::node_element || !Fragment(attachment, true)) return false;
       // A persistent attachment carries the mark as written: "true".
       const char* persist = xml::AttributeOrNull(attachment, "persist");
-      if (persist && EqualsIgnoreCase(persist, "true") && std::strcmp(persist, "true") != 0) return false;
+      if (persist && EqualsIgnoreCase(persist, "true") && !Is(persist, "true")) return false;
     }
     return true;
   }
@@ -192,24 +211,25 @@ class OnePassForm {
   bool Properties(pugi::xml_node list) {
     if (list.first_attribute() || !list.first_child()) return false;
     for (pugi::xml_node property = list.first_child(); property; property = property.next_sibling()) {
+      property_nodes.push_back(property);
       if (property.type() != pugi::node_element || !IsBuiltName(property.name()) || !IsBuiltText(property) ||
           !NameAllowed(property.name())) {
         return false;
       }
       // "xml:space" first, then the status in its written form, then a non-empty "ORIGINAL".
       pugi::xml_attribute attribute = property.first_attribute();
-      if (!attribute || std::strcmp(attribute.name(), "xml:space") != 0 || std::strcmp(attribute.value(), "preserve") != 0) {
+      if (!attribute || !Is(attribute.name(), "xml:space") || !Is(attribute.value(), "preserve")) {
         return false;
       }
       attribute = attribute.next_attribute();
-      if (attribute && std::strcmp(attribute.name(), "STATUS") == 0) {
+      if (attribute && Is(attribute.name(), "STATUS")) {
         const char* status = attribute.value();
-        if (std::strcmp(status, "NEW") != 0 && std::strcmp(status, "DELETED") != 0 && std::strcmp(status, "MODIFIED") != 0) {
+        if (!Is(status, "NEW") && !Is(status, "DELETED") && !Is(status, "MODIFIED")) {
           return false;
         }
         attribute = attribute.next_attribute();
       }
-      if (attribute && std::strcmp(attribute.name(), "ORIGINAL") == 0 && *attribute.value()) attribute = attribute.next_attribute();
+      if (attribute && Is(attribute.name(), "ORIGINAL") && *attribute.value()) attribute = attribute.next_attribute();
       if (attribute) return false;
     }
     any_property = true;
@@ -231,7 +251,7 @@ class OnePassForm {
       const Long handle = static_cast<Long>(components.size());
       const pugi::xml_attribute status = element.first_attribute();
       children.push_back({handles.empty() ? 0 : handles.back(), handle,
-                          status && std::strcmp(status.name(), "STATUS") == 0 && std::strcmp(status.value(), "DELETED") == 0});
+                          status && Is(status.name(), "STATUS") && Is(status.value(), "DELETED")});
       handles.push_back(handle);
       pugi::xml_node child = element.first_child();
       if (Named(child, "ATTACHMENTS")) {
@@ -258,8 +278,9 @@ class OnePassForm {
       next.back() = child.next_sibling();
       if (Named(child, "PROPERTIES") && !listed.back()) {
         listed.back() = true;
+        const std::size_t start = property_nodes.size();
         if (!Properties(child)) return false;
-        lists.emplace_back(handles.back(), child);
+        lists.push_back({handles.back(), start, property_nodes.size() - start});
       } else if (IsWrapperNamed(child)) {
         if (!enter(child)) return false;
         listed.push_back(false);
@@ -295,6 +316,7 @@ bool Transport::Impl::LoadInOnePass(const std::string& text) {
   domain_section = top.first_child();
   property_domain_section = domain_section.next_sibling();
   handles.Clear();
+  handles.Reserve(form.components.size() + form.links.size());
   children.Build({});
   properties.Reset();
   domains.Reset();
@@ -332,7 +354,10 @@ bool Transport::Impl::LoadInOnePass(const std::string& text) {
   prop_indexes_dirty = form.any_property;
   if (form.plain) {
     children.Build(form.children);
-    for (const auto& [handle, list] : form.lists) properties.AddList(handle, list);
+    properties.Reserve(last_component_handle, form.property_nodes.size());
+    for (const OnePassForm::List& list : form.lists) {
+      properties.AddNodes(list.handle, form.property_nodes.data() + list.start, list.count);
+    }
     upkeep.SeeAll(last_component_handle);
   } else {
     upkeep.RebuildInFull();

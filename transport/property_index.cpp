@@ -43,6 +43,28 @@ void PropertyIndex::AddList(Long handle, pugi::xml_node properties) {
   for (pugi::xml_node child = properties.first_child(); child; child = child.next_sibling()) Append(handle, child);
 }
 
+void PropertyIndex::AddNodes(Long handle, const pugi::xml_node* nodes, std::size_t count) {
+  if (handle <= 0 || Listed(handle)) {
+    // As AddList would, for a list that cannot be recorded under this handle.
+    if (handle <= 0 && unkeyed_ == 0) {
+      ++unkeyed_;
+      return;
+    }
+    throw AutomationError::Runtime(errDuplicateKey);
+  }
+  StartList(handle);
+  List& list = lists_[static_cast<std::size_t>(handle)];
+  nodes_.insert(nodes_.end(), nodes, nodes + count);
+  list.count = list.capacity = static_cast<std::uint32_t>(count);
+}
+
+void PropertyIndex::Reserve(Long last_handle, std::size_t nodes) {
+  if (last_handle > 0 && static_cast<std::size_t>(last_handle) >= lists_.size()) {
+    lists_.resize(static_cast<std::size_t>(last_handle) + 1);
+  }
+  nodes_.reserve(nodes_.size() + nodes);
+}
+
 void PropertyIndex::Append(Long handle, pugi::xml_node property) {
   List* list = ListOf(handle);
   if (!list || !list->listed) return;

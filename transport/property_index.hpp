@@ -22,6 +22,10 @@ class PropertyIndex {
   // Records the child nodes of a "PROPERTIES" element under the handle of its component
   // (0 when the component has no handle). Error 457 when that handle already has a list.
   void AddList(Long handle, pugi::xml_node properties);
+  // Records a component's property nodes, given in order, as AddList does for their element.
+  void AddNodes(Long handle, const pugi::xml_node* nodes, std::size_t count);
+  // Makes room for lists up to `last_handle` and `nodes` property nodes in all.
+  void Reserve(Long last_handle, std::size_t nodes);
   // Starts an empty list for a component that has none.
   void StartList(Long handle);
   // Adds a node at the end of a component's list; nothing when it has none.

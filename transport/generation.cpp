@@ -68,9 +68,9 @@ class TagWriter {
 
 // Appends the text of `top` without the nodes that the marks remove.
 void WriteKept(pugi::xml_node top, const TrimMarks& marks, TagWriter& tags, std::string& out) {
-  const auto changed = [&](pugi::xml_node node) { return marks.changed.count(node.internal_object()) != 0; };
+  const auto changed = [&](pugi::xml_node node) { return marks.changed.Contains(node.internal_object()); };
   const auto kept_from = [&](pugi::xml_node node) {
-    while (node && marks.removed.count(node.internal_object()) != 0) node = node.next_sibling();
+    while (node && marks.removed.Contains(node.internal_object())) node = node.next_sibling();
     return node;
   };
   if (!changed(top)) {
@@ -134,7 +134,7 @@ bool WriteShortForm(Transport::Impl& impl, std::string& text) {
     if (!impl.MarkTrim(SelectFirstNamed(impl.root, impl.root_name), marks)) return false;
     const auto removed = [&](pugi::xml_node node) {
       for (; node && node != impl.root; node = node.parent()) {
-        if (marks.removed.count(node.internal_object()) != 0) return true;
+        if (marks.removed.Contains(node.internal_object())) return true;
       }
       return false;
     };

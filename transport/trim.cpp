@@ -47,7 +47,7 @@ struct Recording {
     }
     return true;
   }
-  void Remove(pugi::xml_node, pugi::xml_node child) const { marks.removed.insert(child.internal_object()); }
+  void Remove(pugi::xml_node, pugi::xml_node child) const { marks.removed.Insert(child.internal_object()); }
 };
 
 // The reduction of `node`'s subtree. Answers false when the policy gave up, leaving `kill` alone.
@@ -58,6 +58,15 @@ bool TrimWalk(Transport::Impl& impl, pugi::xml_node node, Boolean& kill, bool mi
     pugi::xml_node next;                  // the next child to look at
     pugi::xml_node entered;               // the wrapper whose component is being reduced
     std::vector<pugi::xml_node> doomed;   // wrappers to remove, in the order they were marked
+    // Met while looking for wrappers; the node's own children do not change while its
+    // sub-components are reduced, so these hold when the node itself is.
+    Long wrappers = 0;
+    pugi::xml_node attachments;  // the first child element named "ATTACHMENTS"
+    pugi::xml_node prototype;    // the first child element named "PROTOTYPE"
+    void Note(pugi::xml_node child) {
+      if (!attachments && xml::ElementNamed(child, "ATTACHMENTS")) attachments = child;
+      if (!prototype && xml::ElementNamed(child, "PROTOTYPE")) prototype = child;
+    }
   };
   std::vector<Level> levels;
   std::size_t depth = 1;
@@ -69,8 +78,9 @@ bool TrimWalk(Transport::Impl& impl, pugi::xml_node node, Boolean& kill, bool mi
       depth = levels.size();
       Level& level = levels.back();
       pugi::xml_node wrapper = level.next;
-      while (wrapper && !IsWrapper(wrapper)) wrapper = wrapper.next_sibling();
+      for (; wrapper && !IsWrapper(wrapper); wrapper = wrapper.next_sibling()) level.Note(wrapper);
       if (wrapper) {
+        ++level.wrappers;
         // Reduce the component first; its wrapper's fate is decided when it is done.
         level.next = wrapper.next_sibling();
         level.entered = wrapper;
@@ -84,22 +94,19 @@ bool TrimWalk(Transport::Impl& impl, pugi::xml_node node, Boolean& kill, bool mi
 
       const pugi::xml_node current = level.node;
       // Counted before any marked child goes: a node that had sub-components is never marked.
-      const bool doomed = !mild && impl.ChildCompCount(current) == 0 && impl.HasModifications(current) == csNormal &&
+      const bool doomed = !mild && level.wrappers == 0 && impl.HasModifications(current) == csNormal &&
                           !impl.NodeHasPersistantAttachments(current);
-      if (current.first_child()) {
-        if (const pugi::xml_node attachments = xml::ChildElement(current, "ATTACHMENTS")) {
-          if (!policy.Attachments(attachments)) return false;
-          // A removed attachment has no next sibling: the walk ends at the first removal.
-          for (pugi::xml_node attachment = attachments.first_child(); attachment;
-               attachment = attachment.next_sibling()) {
-            if (Strips(attachment, mild)) {
-              policy.Remove(attachments, attachment);
-              break;
-            }
+      if (const pugi::xml_node attachments = level.attachments) {
+        if (!policy.Attachments(attachments)) return false;
+        // A removed attachment has no next sibling: the walk ends at the first removal.
+        for (pugi::xml_node attachment = attachments.first_child(); attachment; attachment = attachment.next_sibling()) {
+          if (Strips(attachment, mild)) {
+            policy.Remove(attachments, attachment);
+            break;
           }
         }
       }
-      if (const pugi::xml_node prototype = xml::ChildElement(current, "PROTOTYPE")) policy.Remove(current, prototype);
+      if (const pugi::xml_node prototype = level.prototype) policy.Remove(current, prototype);
       for (const pugi::xml_node marked : level.doomed) policy.Remove(current, marked);
 
       levels.pop_back();
@@ -125,9 +132,10 @@ void Transport::TrimDocument2(pugi::xml_document&, pugi::xml_node& nNode, Boolea
 bool Transport::Impl::MarkTrim(pugi::xml_node node, TrimMarks& marks) {
   Boolean kill = vbFalse;
   if (!TrimWalk(*this, node, kill, false, Recording{marks})) return false;
-  for (pugi::xml_node_struct* removed : marks.removed) {
-    for (pugi::xml_node above = pugi::xml_node(removed).parent(); above; above = above.parent()) {
-      if (!marks.changed.insert(above.internal_object()).second) break;
+  for (const void* removed : marks.removed.InOrder()) {
+    const pugi::xml_node node(static_cast<pugi::xml_node_struct*>(const_cast<void*>(removed)));
+    for (pugi::xml_node above = node.parent(); above; above = above.parent()) {
+      if (!marks.changed.Insert(above.internal_object())) break;
     }
   }
   return true;

@@ -2,15 +2,16 @@
 #pragma once
 
 #include <cstring>
-#include <unordered_set>
 
 #include <pugixml.hpp>
+
+#include "transport/node_map.hpp"
 
 namespace varnex {
 
 struct TrimMarks {
-  std::unordered_set<pugi::xml_node_struct*> removed;  // nodes the reduction removes
-  std::unordered_set<pugi::xml_node_struct*> changed;  // nodes that lose a descendant
+  NodeSet removed;  // nodes the reduction removes
+  NodeSet changed;  // nodes that lose a descendant
 };
 
 // A processing instruction named "xml" in any case: an attached declaration. Loading refuses it

@@ -115,9 +115,16 @@ bool LoadText(pugi::xml_document& document, std::string_view text) {
 
 bool IsElementName(std::string_view name) {
   if (name.empty()) return false;
-  Utf8Unit unit = DecodeUtf8(name, 0);
-  if (!unit.well_formed() || !IsNameStartChar(unit.code_point)) return false;
-  for (std::size_t pos = unit.length; pos < name.size(); pos += unit.length) {
+  // ASCII, the usual case, is checked byte by byte; the rest is decoded.
+  std::size_t pos = 0;
+  for (; pos < name.size() && static_cast<unsigned char>(name[pos]) < 0x80; ++pos) {
+    const char32_t c = static_cast<unsigned char>(name[pos]);
+    if (pos == 0 ? !IsNameStartChar(c) : !IsNameChar(c)) return false;
+  }
+  if (pos == name.size()) return true;
+  Utf8Unit unit = DecodeUtf8(name, pos);
+  if (!unit.well_formed() || (pos == 0 ? !IsNameStartChar(unit.code_point) : !IsNameChar(unit.code_point))) return false;
+  for (pos += unit.length; pos < name.size(); pos += unit.length) {
     unit = DecodeUtf8(name, pos);
     if (!unit.well_formed() || !IsNameChar(unit.code_point)) return false;
   }

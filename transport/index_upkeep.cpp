@@ -89,6 +89,9 @@ void IndexUpkeep::SetSeen(Long handle, std::uint8_t flags) {
 // the root and no other section stands under it.
 void IndexUpkeep::ExamineName(pugi::xml_node element) {
   if (element.type() != pugi::node_element) return;
+  // Only names that begin like the root's or the sections' can matter.
+  const char first = *element.name();
+  if (first != impl_.root_name[0] && first != 'D' && first != 'P') return;
   if (element != impl_.root && NamedExactly(element, impl_.root_name)) odd_sections_ = true;
   if ((xml::ElementNamed(element, "DOMAIN") || xml::ElementNamed(element, "PROPERTY_DOMAINS")) &&
       NamedExactly(element.parent(), impl_.root_name) && element != impl_.domain_section &&

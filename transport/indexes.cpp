@@ -3,6 +3,7 @@
 #include "transport/transport_impl.hpp"
 #include "transport/wrapper_names.hpp"
 
+#include "runtime/counter.hpp"
 #include "runtime/trap.hpp"
 #include "runtime/xml.hpp"
 #include "transport/node_status.hpp"
@@ -21,7 +22,7 @@ pugi::xml_node Transport::Impl::RootNode() const {
 }
 
 Long Transport::Impl::IssueHandle(pugi::xml_node name_element) {
-  ++last_handle;
+  Advance(last_handle);
   handles.Add(last_handle, name_element);
   return last_handle;
 }

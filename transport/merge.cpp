@@ -77,7 +77,10 @@ void CopyProperties(Transport& self, Long handle, pugi::xml_node list) {
 }  // namespace
 
 Long Transport::MergeDocument(const std::string& strDoc, Long lngParent) {
-  return Trap{"MergeDocument"}.Run([&] { return impl_->MergeTransportIn(lngParent, strDoc); });
+  return Trap{"MergeDocument"}.Run([&] {
+    RefuseNul(strDoc);
+    return impl_->MergeTransportIn(lngParent, strDoc);
+  });
 }
 
 Long Transport::Impl::MergeTransportIn(Long parent, const std::string& text) {

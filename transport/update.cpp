@@ -4,6 +4,7 @@
 // sides; only property texts are copied. The walk keeps its levels on an explicit stack.
 #include <vector>
 
+#include "runtime/text.hpp"
 #include "runtime/nested_trap.hpp"
 #include "runtime/xml.hpp"
 #include "transport/root_wrappers.hpp"
@@ -14,6 +15,7 @@ namespace varnex {
 
 Long Transport::UpdateDocument(const std::string& strDoc) {
   return Trap{"UpdateDocument"}.Run([&] {
+    RefuseNul(strDoc);
     pugi::xml_document returned;
     xml::LoadText(returned, strDoc);  // text that does not parse selects nothing
     Impl& impl = *impl_;

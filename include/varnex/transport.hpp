@@ -9,6 +9,11 @@
 // Every failure is thrown as varnex::AutomationError. The description starts with the name of
 // the operation that failed ("AddComponent: Invalid Handle"); where an operation deviates from
 // that rule its comment says so.
+//
+// Text arguments (names, values, documents, look-up keys) are UTF-8 without NUL characters: text
+// that holds one is refused with error 5 "Invalid procedure call or argument" under the
+// operation's name before anything changes (XML cannot carry the character, and the rest of the
+// value would be lost).
 #pragma once
 
 #include <memory>
@@ -106,7 +111,9 @@ class Transport {
   // Sets a free attribute; not a tracked change. Unknown handles as for GetCompAttribute.
   Boolean AddCompAttribute(Long lngHandle, const std::string& strAttributeName, const std::string& strAttributeValue);
   // Keeps the first node of the XML text under the component; any non-zero blnPersist marks an
-  // element "persist"="true". Text that does not parse: 0x80040201 "Invalid XML supplied.".
+  // element "persist"="true". Text that does not parse: 0x80040201 "Invalid XML supplied.". A
+  // fragment that starts with a declaration: 0x80004005 naming it; blnPersist on one that starts
+  // with a comment or processing instruction: 438. Both add nothing but "ATTACHMENTS" itself.
   Boolean AddCompAttachment(Long lngHandle, const std::string& strXml, Boolean blnPersist = vbFalse);
   // The XML of the first node that "ATTACHMENTS/" + strName selects (an XPath step: exact case).
   // Nothing found: 0x80040201 "Attachment not found.".

@@ -2,6 +2,7 @@
 // where answers grow (text being written, components being added) charge what they build.
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 
 #include "varnex/memory_budget.hpp"
@@ -23,6 +24,14 @@ inline void Charge(std::uint64_t bytes) {
   if (state.depth == 0) return;
   state.spent += bytes;
   if (state.spent > OperationMemoryBudget()) Exceeded();
+}
+
+// Error 7 unless the running operation can still build `count` items of `cost` bytes each;
+// charges nothing (the items are charged as they are built).
+inline void Require(std::uint64_t count, std::uint64_t cost) {
+  if (state.depth == 0) return;
+  const std::uint64_t left = OperationMemoryBudget() - std::min(state.spent, OperationMemoryBudget());
+  if (cost != 0 && count > left / cost) Exceeded();
 }
 
 // Opens the budget for the outermost operation; nested operations share it.

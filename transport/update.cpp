@@ -4,9 +4,11 @@
 // sides; only property texts are copied. The walk keeps its levels on an explicit stack.
 #include <vector>
 
+#include "runtime/memory_budget.hpp"
 #include "runtime/text.hpp"
 #include "runtime/nested_trap.hpp"
 #include "runtime/xml.hpp"
+#include "transport/answer_size.hpp"
 #include "transport/root_wrappers.hpp"
 #include "transport/transport_impl.hpp"
 #include "transport/wrapper_names.hpp"
@@ -22,6 +24,7 @@ Long Transport::UpdateDocument(const std::string& strDoc) {
     const std::vector<pugi::xml_node> incoming = SelectRootWrappers(returned, impl.root_name);
     const pugi::xml_node own_root = impl.RootNode();
     if (incoming.empty()) return Long{1};
+    budget::Require(WrappersTaken(incoming), kPairedLevelCost);
     const std::vector<pugi::xml_node> own =
         SelectRootWrappers(own_root, impl.root_name, impl.domain_section, impl.property_domain_section);
     for (std::size_t i = 0; i < incoming.size(); ++i) {

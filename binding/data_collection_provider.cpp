@@ -28,7 +28,7 @@ std::vector<std::string> SplitAtCommas(const std::string& text) {
 void DataCollectionProvider::LoadData(std::shared_ptr<IDataCollection> objColl,
                                       const std::optional<std::vector<Long>>& arrDataTypes,
                                       const std::string& strFields) {
-  try {
+  ClassErrorTrap{"DataCollectionProvider", "Error Loading Data into Provider."}.Run([&] {
     bound_collection_ = std::move(objColl);
 
     std::vector<std::string> names;
@@ -46,11 +46,7 @@ void DataCollectionProvider::LoadData(std::shared_ptr<IDataCollection> objColl,
     // An array that was never dimensioned has no bounds to walk.
     if (!arrDataTypes) throw AutomationError::Runtime(errSubscriptOutOfRange);
     column_types_ = *arrDataTypes;
-  } catch (const AutomationError&) {
-    throw AutomationError::Class("DataCollectionProvider", "Error Loading Data into Provider.");
-  } catch (const std::bad_alloc&) {
-    throw AutomationError::Class("DataCollectionProvider", "Error Loading Data into Provider.");
-  }
+  });
 }
 
 Long DataCollectionProvider::getRowCount() { return bound_collection_ ? bound_collection_->Count() : 0; }

@@ -70,7 +70,7 @@ void RestoreLayout(LateBound& grid, const GridLayout& layout) {
 Boolean DataCollection::BindToGrid(LateBound& objControl, const std::string& strColumns, const std::string&) {
   bool grid = false;
   GridLayout layout;
-  try {
+  ClassErrorTrap{"DataCollection", "Error Binding to Grid."}.Run([&] {
     grid = objControl.TypeName() == kGridTypeName;
     auto source = std::make_shared<DataCollectionSource>();
     if (grid) {
@@ -83,11 +83,7 @@ Boolean DataCollection::BindToGrid(LateBound& objControl, const std::string& str
     if (!self) throw AutomationError::Runtime(errObjectNotSet);
     source->Data(std::move(self));
     objControl.Set("DataSource", Variant(std::move(source)));
-  } catch (const AutomationError&) {
-    throw AutomationError::Class("DataCollection", "Error Binding to Grid.");
-  } catch (const std::bad_alloc&) {
-    throw AutomationError::Class("DataCollection", "Error Binding to Grid.");
-  }
+  });
   if (grid) RestoreLayout(objControl, layout);
   // The result is never set: binding answers False even when it worked.
   return vbFalse;

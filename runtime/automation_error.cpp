@@ -27,7 +27,7 @@ std::string RuntimeErrorText(Long number) {
     case errObjectRequired: return "Object required";
     case errObjectDoesntSupport: return "Object doesn't support this property or method";
     case errDuplicateKey: return "This key is already associated with an element of this collection";
-    case 32811: return "Element not found";
+    case errElementNotFound: return "Element not found";
     default: return {};
   }
 }

@@ -6,12 +6,6 @@
 #include "varnex/automation_error.hpp"
 
 namespace varnex {
-namespace {
-
-constexpr Long kElementNotFound = 32811;
-
-}  // namespace
-
 Dictionary::Dictionary(CompareMethod mode) : mode_(mode) {}
 
 void Dictionary::CompareMode(CompareMethod mode) {
@@ -49,7 +43,7 @@ void Dictionary::Item(const std::string& key, const Variant& item) {
 
 void Dictionary::Remove(const std::string& key) {
   const auto found = positions_.find(Fold(key));
-  if (found == positions_.end()) throw AutomationError::Runtime(kElementNotFound);
+  if (found == positions_.end()) throw AutomationError::Runtime(errElementNotFound);
   const std::size_t removed = found->second;
   positions_.erase(found);
   entries_.erase(entries_.begin() + static_cast<std::ptrdiff_t>(removed));

@@ -9,6 +9,7 @@
 #pragma once
 
 #include <new>
+#include <string>
 #include <string_view>
 #include <utility>
 
@@ -40,6 +41,28 @@ struct Trap {
 
   // The error as this trap raises it again.
   AutomationError Rethrown(const AutomationError& error) const;
+};
+
+// The trap of an operation whose every failure becomes its one class error: number 0x80040201,
+// the class name as source and a fixed description, whatever the cause.
+//
+//   ClassErrorTrap{"DataCollection", "Error Binding to Grid."}.Run([&] { ... });
+struct ClassErrorTrap {
+  std::string_view source;       // the class name
+  std::string_view description;  // the fixed description
+
+  template <typename Body>
+  decltype(auto) Run(Body&& body) const {
+    try {
+      return std::forward<Body>(body)();
+    } catch (const AutomationError&) {
+      throw Raised();
+    } catch (const std::bad_alloc&) {
+      throw Raised();
+    }
+  }
+
+  AutomationError Raised() const { return AutomationError::Class(std::string(source), std::string(description)); }
 };
 
 // Runs the body and answers `failure` instead of raising when it fails.

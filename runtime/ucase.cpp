@@ -10,6 +10,7 @@
 #include <iterator>
 
 #include "runtime/text.hpp"
+#include "runtime/utf8.hpp"
 
 namespace varnex {
 namespace {
@@ -57,74 +58,12 @@ std::uint64_t UpperAscii8(std::uint64_t word) {
 
 char UpperAscii(char c) { return (c >= 'a' && c <= 'z') ? static_cast<char>(c - 0x20) : c; }
 
-// One step through UTF-8 text: a well-formed sequence, or a single byte that is not one.
-struct Unit {
-  char32_t code_point;  // for a malformed byte: kMalformed + the byte, distinct from any code point
-  std::size_t length;
-};
-
-constexpr char32_t kMalformed = 0x110000;
-
-bool IsContinuation(unsigned char byte) { return (byte & 0xC0) == 0x80; }
-
-// Decodes the unit at text[i] (not ASCII). Well-formed means shortest form, no surrogates and
-// nothing above U+10FFFF; the bounds of the second byte carry those rules.
-Unit DecodeAt(std::string_view text, std::size_t i) {
-  const auto byte = [&](std::size_t k) { return static_cast<unsigned char>(text[i + k]); };
-  const unsigned char lead = byte(0);
-  const Unit malformed{kMalformed + lead, 1};
-  std::size_t length;
-  unsigned char low = 0x80, high = 0xBF;
-  char32_t cp;
-  if (lead >= 0xC2 && lead <= 0xDF) {
-    length = 2;
-    cp = lead & 0x1F;
-  } else if (lead >= 0xE0 && lead <= 0xEF) {
-    length = 3;
-    cp = lead & 0x0F;
-    if (lead == 0xE0) low = 0xA0;
-    if (lead == 0xED) high = 0x9F;
-  } else if (lead >= 0xF0 && lead <= 0xF4) {
-    length = 4;
-    cp = lead & 0x07;
-    if (lead == 0xF0) low = 0x90;
-    if (lead == 0xF4) high = 0x8F;
-  } else {
-    return malformed;
-  }
-  if (text.size() - i < length) return malformed;
-  if (byte(1) < low || byte(1) > high) return malformed;
-  for (std::size_t k = 1; k < length; ++k) {
-    if (!IsContinuation(byte(k))) return malformed;
-    cp = (cp << 6) | (byte(k) & 0x3F);
-  }
-  return {cp, length};
-}
-
-void AppendUtf8(std::string& out, char32_t cp) {
-  if (cp < 0x80) {
-    out += static_cast<char>(cp);
-  } else if (cp < 0x800) {
-    out += static_cast<char>(0xC0 | (cp >> 6));
-    out += static_cast<char>(0x80 | (cp & 0x3F));
-  } else if (cp < 0x10000) {
-    out += static_cast<char>(0xE0 | (cp >> 12));
-    out += static_cast<char>(0x80 | ((cp >> 6) & 0x3F));
-    out += static_cast<char>(0x80 | (cp & 0x3F));
-  } else {
-    out += static_cast<char>(0xF0 | (cp >> 18));
-    out += static_cast<char>(0x80 | ((cp >> 12) & 0x3F));
-    out += static_cast<char>(0x80 | ((cp >> 6) & 0x3F));
-    out += static_cast<char>(0x80 | (cp & 0x3F));
-  }
-}
-
 // The unit at text[i], upper-cased; ASCII bytes need no decoding.
-Unit UpperUnitAt(std::string_view text, std::size_t i) {
+Utf8Unit UpperUnitAt(std::string_view text, std::size_t i) {
   const auto c = static_cast<unsigned char>(text[i]);
   if (c < 0x80) return {static_cast<char32_t>(UpperAscii(static_cast<char>(c))), 1};
-  Unit unit = DecodeAt(text, i);
-  if (unit.code_point < kMalformed) unit.code_point = UpperCodePoint(unit.code_point);
+  Utf8Unit unit = DecodeUtf8(text, i);
+  if (unit.code_point < kMalformedUtf8) unit.code_point = UpperCodePoint(unit.code_point);
   return unit;
 }
 
@@ -154,8 +93,8 @@ std::string UCase(std::string_view text) {
       ++i;
       continue;
     }
-    const Unit unit = DecodeAt(text, i);
-    const char32_t upper = unit.code_point < kMalformed ? UpperCodePoint(unit.code_point)
+    const Utf8Unit unit = DecodeUtf8(text, i);
+    const char32_t upper = unit.code_point < kMalformedUtf8 ? UpperCodePoint(unit.code_point)
                                                         : unit.code_point;
     if (upper == unit.code_point) {
       out.append(text.data() + i, unit.length);
@@ -189,8 +128,8 @@ bool EqualsIgnoreCase(std::string_view a, std::string_view b) {
   // equal upper-cased texts, because decoding the upper-cased text gives back the same units.
   std::size_t j = i;
   while (i < a.size() && j < b.size()) {
-    const Unit ua = UpperUnitAt(a, i);
-    const Unit ub = UpperUnitAt(b, j);
+    const Utf8Unit ua = UpperUnitAt(a, i);
+    const Utf8Unit ub = UpperUnitAt(b, j);
     if (ua.code_point != ub.code_point) return false;
     i += ua.length;
     j += ub.length;

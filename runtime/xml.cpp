@@ -6,6 +6,7 @@
 
 #include "runtime/memory_budget.hpp"
 #include "runtime/text.hpp"
+#include "runtime/utf8.hpp"
 #include "varnex/automation_error.hpp"
 
 namespace varnex::xml {
@@ -14,9 +15,9 @@ namespace {
 constexpr unsigned kParseFlags = pugi::parse_default | pugi::parse_declaration | pugi::parse_doctype |
                                  pugi::parse_pi | pugi::parse_comments;
 
-bool IsWhiteSpace(const char* text) {
+bool IsWhiteSpaceOnly(const char* text) {
   for (; *text; ++text) {
-    if (*text != ' ' && *text != '\t' && *text != '\r' && *text != '\n') return false;
+    if (!IsWhiteSpace(*text)) return false;
   }
   return true;
 }
@@ -35,7 +36,7 @@ void DropInsignificantWhiteSpace(pugi::xml_document& document) {
     stack.pop_back();
     for (pugi::xml_node child = frame.node.first_child(); child; child = child.next_sibling()) {
       if (child.type() == pugi::node_pcdata) {
-        if (!frame.preserve && IsWhiteSpace(child.value())) doomed.push_back(child);
+        if (!frame.preserve && IsWhiteSpaceOnly(child.value())) doomed.push_back(child);
       } else if (child.type() == pugi::node_element) {
         bool preserve = frame.preserve;
         if (pugi::xml_attribute space = child.attribute("xml:space")) {
@@ -54,27 +55,6 @@ std::size_t CountElementChildren(const pugi::xml_node& node) {
     if (child.type() == pugi::node_element) ++count;
   }
   return count;
-}
-
-// Decodes one UTF-8 sequence at `pos`; answers 0xFFFFFFFF for a malformed one.
-char32_t DecodeUtf8(std::string_view text, std::size_t& pos) {
-  const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(text[i]); };
-  const unsigned char lead = byte(pos);
-  std::size_t length = lead < 0x80 ? 1 : (lead >> 5) == 0x6 ? 2 : (lead >> 4) == 0xE ? 3 : (lead >> 3) == 0x1E ? 4 : 0;
-  if (length == 0 || pos + length > text.size()) {
-    ++pos;
-    return 0xFFFFFFFF;
-  }
-  char32_t code = length == 1 ? lead : lead & (0x7F >> length);
-  for (std::size_t i = 1; i < length; ++i) {
-    if ((byte(pos + i) & 0xC0) != 0x80) {
-      ++pos;
-      return 0xFFFFFFFF;
-    }
-    code = (code << 6) | (byte(pos + i) & 0x3F);
-  }
-  pos += length;
-  return code;
 }
 
 bool IsNameStartChar(char32_t c) {
@@ -101,20 +81,26 @@ struct StringWriter : pugi::xml_writer {
 
 constexpr unsigned kSerializeFlags = pugi::format_raw | pugi::format_no_declaration;
 
-// True when the text may hold a text node made only of white space: a ">" followed by white
-// space and then "<". (A match inside a comment or an attribute only costs the slower load.)
+}  // namespace
+
 bool MayHoldWhiteSpaceText(std::string_view text) {
   for (std::size_t end = text.find('>'); end != std::string_view::npos; end = text.find('>', end + 1)) {
     std::size_t next = end + 1;
-    while (next < text.size() && (text[next] == ' ' || text[next] == '\t' || text[next] == '\r' || text[next] == '\n')) {
-      ++next;
-    }
+    while (next < text.size() && IsWhiteSpace(text[next])) ++next;
     if (next > end + 1 && next < text.size() && text[next] == '<') return true;
   }
   return false;
 }
 
-}  // namespace
+bool MayHoldDeclaration(std::string_view text) {
+  for (std::size_t at = text.find("<?"); at != std::string_view::npos; at = text.find("<?", at + 2)) {
+    if (text.size() > at + 5 && (text[at + 2] | ' ') == 'x' && (text[at + 3] | ' ') == 'm' &&
+        (text[at + 4] | ' ') == 'l' && (text[at + 5] == ' ' || text[at + 5] == '?')) {
+      return true;
+    }
+  }
+  return false;
+}
 
 bool LoadText(pugi::xml_document& document, std::string_view text) {
   document.reset();
@@ -133,10 +119,11 @@ bool LoadText(pugi::xml_document& document, std::string_view text) {
 
 bool IsElementName(std::string_view name) {
   if (name.empty()) return false;
-  std::size_t pos = 0;
-  if (!IsNameStartChar(DecodeUtf8(name, pos))) return false;
-  while (pos < name.size()) {
-    if (!IsNameChar(DecodeUtf8(name, pos))) return false;
+  Utf8Unit unit = DecodeUtf8(name, 0);
+  if (!unit.well_formed() || !IsNameStartChar(unit.code_point)) return false;
+  for (std::size_t pos = unit.length; pos < name.size(); pos += unit.length) {
+    unit = DecodeUtf8(name, pos);
+    if (!unit.well_formed() || !IsNameChar(unit.code_point)) return false;
   }
   return true;
 }
@@ -247,12 +234,6 @@ pugi::xpath_node_set SelectNodes(pugi::xml_node context, const std::string& expr
     throw AutomationError(errXml, kRuntimeSource,
                           std::string("XPath error: ") + error.what() + " in '" + expression + "'");
   }
-}
-
-pugi::xml_node SelectSingleNode(pugi::xml_node context, const std::string& expression) {
-  const pugi::xpath_node_set nodes = SelectNodes(context, expression);
-  if (nodes.empty()) return {};
-  return nodes.first().node() ? nodes.first().node() : nodes.first().parent();
 }
 
 }  // namespace varnex::xml

@@ -15,6 +15,16 @@ namespace varnex::xml {
 // has no single document element, leaves the document empty and answers false.
 bool LoadText(pugi::xml_document& document, std::string_view text);
 
+// The white space of XML: space, tab, carriage return and line feed.
+constexpr bool IsWhiteSpace(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
+// True when raw XML text may hold a text node made only of white space (a ">" followed by white
+// space and then "<"), which loading drops outside xml:space="preserve". A match inside a comment
+// or an attribute value is a false alarm the callers can afford.
+bool MayHoldWhiteSpaceText(std::string_view text);
+// True when raw XML text may hold an XML declaration ("<?xml" then a blank or "?", in any case)
+// past its start, where loading refuses one.
+bool MayHoldDeclaration(std::string_view text);
+
 // Error of the XML layer (0x80004005) unless the name is a valid XML element name.
 void CheckElementName(std::string_view name);
 bool IsElementName(std::string_view name);
@@ -49,8 +59,6 @@ const char* AttributeOrNull(pugi::xml_node node, const char* name);
 // Compiles and runs an XPath expression from `context`; an expression that does not compile is
 // an error of the XML layer naming the expression.
 pugi::xpath_node_set SelectNodes(pugi::xml_node context, const std::string& expression);
-// The first node, in document order, that the expression selects; empty when none.
-pugi::xml_node SelectSingleNode(pugi::xml_node context, const std::string& expression);
 
 }  // namespace varnex::xml
 

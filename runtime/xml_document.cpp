@@ -66,8 +66,6 @@ pugi::xml_node XmlDocument::TreeOf(pugi::xml_node node) const {
   return document_;
 }
 
-bool XmlDocument::IsDetached(pugi::xml_node node) const { return TreeOf(node) != document_; }
-
 pugi::xpath_node_set XmlDocument::SelectNodes(pugi::xml_node context, const std::string& expression) const {
   pugi::xpath_node_set nodes = xml::SelectNodes(context, expression);
   if (!store_) return nodes;

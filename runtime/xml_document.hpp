@@ -46,11 +46,10 @@ class XmlDocument {
 
   // The node's parent as the DOM reports it: nothing for the top of a detached tree.
   pugi::xml_node ParentOf(pugi::xml_node node) const;
-  // True when the node lies in a detached tree.
-  bool IsDetached(pugi::xml_node node) const;
 
   // Compiles and runs an XPath expression; only nodes of the context's own tree are returned.
   pugi::xpath_node_set SelectNodes(pugi::xml_node context, const std::string& expression) const;
+  // The first of them, in document order; empty when none.
   pugi::xml_node SelectSingleNode(pugi::xml_node context, const std::string& expression) const;
 
   // The visible tree as raw text, without declaration.
@@ -58,8 +57,6 @@ class XmlDocument {
 
   // Number of structural changes made through this class so far.
   std::uint64_t structure_version() const { return version_; }
-  // Records a structural change made directly on the pugixml nodes.
-  void Touch() { ++version_; }
 
  private:
   // The top of the tree the node belongs to: the document, or a detached top.

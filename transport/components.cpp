@@ -94,16 +94,14 @@ Long Transport::FindChildCompByName(Long lngParent, const std::string& strChildN
 
 std::string Transport::GetComponentXML(Long lngHandle) {
   pugi::xml_document copy;
-  pugi::xml_node copy_root;
-  try {
+  pugi::xml_node copy_root = ClassErrorTrap{"Transport", "Error retrieving component xml."}.Run([&] {
     const pugi::xml_node wrapper = impl_->ParentOf(impl_->NodeOf(lngHandle));
-    copy_root = xml::AppendElement(copy, impl_->root_name);
-    if (!wrapper || wrapper.type() != pugi::node_element || !copy_root.append_copy(wrapper)) {
+    pugi::xml_node root_copy = xml::AppendElement(copy, impl_->root_name);
+    if (!wrapper || wrapper.type() != pugi::node_element || !root_copy.append_copy(wrapper)) {
       throw AutomationError::Runtime(errInvalidProcedureCall);
     }
-  } catch (const AutomationError&) {
-    throw AutomationError::Class("Transport", "Error retrieving component xml.");
-  }
+    return root_copy;
+  });
   // The domain sections come along as they stand: every "DOMAIN" under an element named like the
   // root, then the first "PROPERTY_DOMAINS" under one.
   const std::string& root_name = impl_->root_name;

@@ -52,15 +52,4 @@ Boolean Transport::Impl::RecurseDeleteComponent(Long handle, Boolean forget) {
   return vbFalse;
 }
 
-Boolean Transport::Impl::HardDeleteComponent(Long handle) {
-  return Trap{"HardDeleteComponent"}.Run([&] {
-    CheckAndRebuildChildIndexes();
-    CheckAndRebuildPropIndexes();
-    CutOut(NodeOf(handle));
-    prop_indexes_dirty = true;
-    child_indexes_dirty = true;
-    return vbTrue;
-  });
-}
-
 }  // namespace varnex

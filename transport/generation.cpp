@@ -22,28 +22,14 @@
 namespace varnex {
 namespace {
 
-bool IsBlank(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
-
 // Turns text written from the own document into the text written from its reload: CR line ends
 // become LF. False when the text alone cannot tell: blank-only text between two tags (dropped by
 // a reload unless xml:space="preserve" holds), an attached declaration, or a CR that a processing
 // instruction may hold.
 bool AsReloaded(std::string& text) {
-  for (std::size_t at = text.find('>'); at != std::string::npos; at = text.find('>', at + 1)) {
-    std::size_t end = at + 1;
-    while (end < text.size() && IsBlank(text[end])) ++end;
-    if (end > at + 1 && end < text.size() && text[end] == '<') return false;
-  }
-  bool instructions = false;
-  for (std::size_t at = text.find("<?"); at != std::string::npos; at = text.find("<?", at + 2)) {
-    instructions = true;
-    if (text.size() > at + 5 && (text[at + 2] | ' ') == 'x' && (text[at + 3] | ' ') == 'm' &&
-        (text[at + 4] | ' ') == 'l' && (text[at + 5] == ' ' || text[at + 5] == '?')) {
-      return false;
-    }
-  }
+  if (xml::MayHoldWhiteSpaceText(text) || xml::MayHoldDeclaration(text)) return false;
   if (text.find('\r') == std::string::npos) return true;
-  if (instructions) return false;
+  if (text.find("<?") != std::string::npos) return false;
   std::string normalised;
   normalised.reserve(text.size());
   for (std::size_t i = 0; i < text.size(); ++i) {

@@ -73,15 +73,6 @@ void Transport::Impl::CheckAndRebuildPropIndexes() {
   });
 }
 
-bool Transport::Impl::IsPartOfAttachment(pugi::xml_node node) const {
-  return Trap{"IsPartOfAttachment", kInvalidHandle}.Run([&] {
-    for (pugi::xml_node current = node; ParentOf(current); current = ParentOf(current)) {
-      if (xml::LocalNameIs(current, "ATTACHMENTS")) return true;
-    }
-    return false;
-  });
-}
-
 Long Transport::Impl::CountChildren(Long parent, Boolean ignore_deletes) const {
   const Long live = children.LiveCount(parent);
   return ignore_deletes == vbTrue ? live : live + children.DeletedCount(parent);

@@ -24,7 +24,6 @@ class PropertyIndex {
     built_ = true;
     version_ = version;
   }
-  void Invalidate() { built_ = false; }
   bool IsCurrent(std::uint64_t version) const { return built_ && version_ == version; }
 
   Long Count(Long handle) const;

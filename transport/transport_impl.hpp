@@ -70,7 +70,6 @@ class Transport::Impl {
 
   void CheckAndRebuildChildIndexes();
   void CheckAndRebuildPropIndexes();
-  bool IsPartOfAttachment(pugi::xml_node node) const;
   Long CountChildren(Long parent, Boolean ignore_deletes) const;
 
   // --- Components (components.cpp) ---------------------------------------------------------
@@ -83,7 +82,6 @@ class Transport::Impl {
   // --- Deletion and reset (deletion.cpp, reset.cpp) ----------------------------------------
   Boolean RecurseDeleteComponent(Long handle, Boolean forget);
   Boolean ResetComponentStatus(Long handle);
-  Boolean HardDeleteComponent(Long handle);
   // Cuts a component's wrapper out of its parent, keeping it alive (error 91 when there is none).
   void CutOut(pugi::xml_node element);
 

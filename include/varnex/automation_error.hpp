@@ -20,6 +20,7 @@ inline constexpr Long errInvalidUseOfNull = 94;      // Invalid use of Null
 inline constexpr Long errObjectRequired = 424;       // Object required: an unknown handle or key
 inline constexpr Long errObjectDoesntSupport = 438;  // Object doesn't support this property or method
 inline constexpr Long errDuplicateKey = 457;         // This key is already associated with ...
+inline constexpr Long errElementNotFound = 32811;    // Element not found: a missing dictionary key
 
 // Errors of the XML layer: an invalid element name, an XPath that does not compile.
 inline constexpr Long errXml = static_cast<Long>(0x80004005);
@@ -42,9 +43,6 @@ class AutomationError : public std::exception {
   const std::string& source() const noexcept { return source_; }
   const std::string& description() const noexcept { return description_; }
   const char* what() const noexcept override { return description_.c_str(); }
-
-  void set_description(std::string description) { description_ = std::move(description); }
-  void set_source(std::string source) { source_ = std::move(source); }
 
  private:
   Long number_;

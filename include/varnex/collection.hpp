@@ -20,6 +20,7 @@ class Collection : public Object {
   void Add(const Variant& item, const std::string& key = "");
   // The item at a position (1-based; a Long, a Boolean or Empty) or under a String key.
   Variant Item(const Variant& index) const;
+  // Number of items.
   Long Count() const;
   // Removes the item at a position or under a key. Removing the first item is cheap, so a
   // collection can be drained from the front.

@@ -12,6 +12,9 @@
 
 namespace varnex {
 
+// What a consumer is told: before and after a cell changes, rows are deleted or inserted, when
+// rows arrive and when an asynchronous transfer ends. Varnex's own provider is read-only and
+// never calls them.
 class OLEDBSimpleProviderListener {
  public:
   virtual ~OLEDBSimpleProviderListener() = default;
@@ -25,6 +28,9 @@ class OLEDBSimpleProviderListener {
   virtual void transferComplete(Long xfer) = 0;
 };
 
+// A table of rows and columns: counts, the read-write status and value of a cell, row deletion
+// and insertion, search, listener registration and transfer state. DataCollectionProvider says
+// what each member answers there.
 class OLEDBSimpleProvider : public Object {
  public:
   virtual Long getRowCount() = 0;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 
 namespace varnex {
 
@@ -26,5 +27,11 @@ enum enTransportMode : Long { tmFull = 0, tmShort = 1, tmMedium = 2 };
 
 // Declared for callers of the automation interface; no operation takes or returns it.
 enum enOutputComponentMode : Long { ocmFull = 0, ocmChanges = 1 };
+
+// The member's name ("csNew", "tmShort", ...); a value that names no member gives its number.
+std::string to_string(enComponentStatus value);
+std::string to_string(enComponentType value);
+std::string to_string(enTransportMode value);
+std::string to_string(enOutputComponentMode value);
 
 }  // namespace varnex

@@ -31,7 +31,7 @@ TEST(Dictionary, KeepsInsertionOrderThroughAddsReadsAndRemovals) {
   d.Remove("b");
   EXPECT_EQ(d.Item("new").AsString(), "n") << "entries behind a removed one are still found";
   EXPECT_EQ(d.Keys(), (std::vector<std::string>{"a", "B", "missing", "new"}));
-  EXPECT_AUTOMATION_ERROR(d.Remove("b"), 32811, "Element not found");
+  EXPECT_AUTOMATION_ERROR(d.Remove("b"), errElementNotFound, "Element not found");
   d.RemoveAll();
   EXPECT_FALSE(d.Exists("a"));
 }

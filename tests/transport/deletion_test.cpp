@@ -52,7 +52,7 @@ TEST(DeleteComponent, HandlesOfCutOutComponentsKeepAnswering) {
   EXPECT_EQ(transport.GetComponentStatus(visit), csDeleted);
   EXPECT_EQ(ErrorOf([&] { transport.DeleteComponent(site); }).description(),
             "DeleteComponent: RecurseDeleteComponent: Object variable or With block variable not set");
-  EXPECT_EQ(testing::Internals(transport).HardDeleteComponent(visits), vbTrue);
+  EXPECT_EQ(transport.DeleteComponent(visits, vbTrue), vbTrue);
   EXPECT_EQ(Components(transport), "");
 }
 

@@ -43,7 +43,7 @@ TEST(ResetStatus, Failures) {
                           "Error Resetting Component Status: Out of stack space");
 
   // A deleted component already cut out has nothing left to be cut from.
-  testing::Internals(looped).HardDeleteComponent(1);
+  looped.DeleteComponent(1, vbTrue);
   looped.DeleteComponent(1);
   EXPECT_EQ(ErrorOf([&] { looped.ResetStatus(); }).description(),
             "Error Resetting Component Status: RecurseDeleteComponent: "

@@ -1,0 +1,27 @@
+// UTF-8 decoding and encoding, one code point at a time: the one decoder of the library.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace varnex {
+
+// Code points stop below this; a malformed byte decodes as this plus the byte.
+inline constexpr char32_t kMalformedUtf8 = 0x110000;
+
+// One step through UTF-8 text: a well-formed sequence, or a single byte that is not one.
+struct Utf8Unit {
+  char32_t code_point;  // for a malformed byte: kMalformedUtf8 + the byte, distinct from any code point
+  std::size_t length;
+  bool well_formed() const { return code_point < kMalformedUtf8; }
+};
+
+// Decodes the unit at text[i]. Well-formed means shortest form, no surrogates and nothing above
+// U+10FFFF; anything else (an over-long form, a lone surrogate, a cut-off sequence) is malformed.
+Utf8Unit DecodeUtf8(std::string_view text, std::size_t i);
+
+// Appends the code point's UTF-8 form.
+void AppendUtf8(std::string& out, char32_t cp);
+
+}  // namespace varnex

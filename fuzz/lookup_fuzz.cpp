@@ -4,6 +4,7 @@
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace varnex;
+  fuzz::LimitOperations();
   FuzzedDataProvider input(data, size);
   Transport transport;
   fuzz::BuildSample(transport);

@@ -12,7 +12,7 @@ class Sequence {
   void Run() {
     for (int step = 0; step < 64 && input_.remaining_bytes() > 0; ++step) {
       Try([&] { Step(); });
-      CheckReloads(transport_);
+      if (CheckReloads(transport_) > kLargestDocument) return;
     }
   }
 
@@ -84,6 +84,7 @@ class Sequence {
 }  // namespace varnex::fuzz
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  varnex::fuzz::LimitOperations();
   FuzzedDataProvider input(data, size);
   varnex::fuzz::Sequence(input).Run();
   return 0;

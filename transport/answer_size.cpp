@@ -1,0 +1,49 @@
+#include "transport/answer_size.hpp"
+
+#include <unordered_set>
+
+#include "runtime/memory_budget.hpp"
+#include "runtime/xml.hpp"
+#include "transport/wrapper_names.hpp"
+
+namespace varnex {
+
+std::uint64_t WrappersTaken(const std::vector<pugi::xml_node>& selected,
+                            const std::unordered_set<pugi::xml_node_struct*>* left_out) {
+  if (selected.empty()) return 0;
+  std::unordered_set<pugi::xml_node_struct*> is_selected;
+  for (const pugi::xml_node wrapper : selected) is_selected.insert(wrapper.internal_object());
+  // One walk over the tree from the top, keeping how many selected wrappers are open above.
+  const pugi::xml_node top = selected.front().root();
+  std::uint64_t taken = 0;
+  std::uint64_t open = 0;
+  pugi::xml_node current = top.first_child();
+  const auto enter = [&](pugi::xml_node node) {
+    if (is_selected.count(node.internal_object()) != 0) ++open;
+    if (IsWrapper(node) && (!left_out || left_out->count(node.internal_object()) == 0)) taken += open;
+  };
+  const auto leave = [&](pugi::xml_node node) {
+    if (is_selected.count(node.internal_object()) != 0) --open;
+  };
+  if (current) enter(current);
+  while (current) {
+    const bool skipped = left_out && left_out->count(current.internal_object()) != 0;
+    if (current.type() == pugi::node_element && current.first_child() && !skipped) {
+      current = current.first_child();
+      enter(current);
+      continue;
+    }
+    while (current && !current.next_sibling()) {
+      leave(current);
+      current = current.parent();
+      if (current == top) return taken;
+    }
+    if (!current) break;
+    leave(current);
+    current = current.next_sibling();
+    enter(current);
+  }
+  return taken;
+}
+
+}  // namespace varnex

@@ -8,7 +8,11 @@ namespace varnex {
 
 enComponentStatus GetNodeStatus(pugi::xml_node node) {
   if (!node) return csNormal;
-  const std::string status = UCase(TrimBlanks(node.attribute("STATUS").value()));
+  return StatusOfText(node.attribute("STATUS").value());
+}
+
+enComponentStatus StatusOfText(std::string_view text) {
+  const std::string status = UCase(TrimBlanks(text));
   if (status == "NEW") return csNew;
   if (status == "DELETED") return csDeleted;
   if (status == "MODIFIED") return csModified;

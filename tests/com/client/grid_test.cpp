@@ -66,6 +66,10 @@ class FakeGrid final : public IDispatch {
   }
   HRESULT STDMETHODCALLTYPE Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* params, VARIANT* result,
                                    EXCEPINFO*, UINT*) override {
+    if (id < 0 || id >= static_cast<DISPID>(std::size(kMembers))) {
+      calls.push_back(L"unexpected member " + std::to_wstring(id));
+      return DISP_E_MEMBERNOTFOUND;
+    }
     const bool put = (flags & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0;
     std::wstring call = (flags & DISPATCH_PROPERTYPUTREF) ? L"set " : put ? L"let " : L"get ";
     call += kMembers[id];

@@ -7,6 +7,34 @@ namespace {
 
 class SourceTest : public ServerTest {};
 
+// A listener for changes of data members, which records every notification it gets.
+class RecordingSourceListener final : public DataSourceListener {
+ public:
+  int notifications = 0;
+  ULONG references = 1;
+
+  HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) override {
+    if (IsEqualIID(iid, IID_IUnknown) || IsEqualIID(iid, IID_DataSourceListener)) {
+      *object = this;
+      AddRef();
+      return S_OK;
+    }
+    *object = nullptr;
+    return E_NOINTERFACE;
+  }
+  ULONG STDMETHODCALLTYPE AddRef() override { return ++references; }
+  ULONG STDMETHODCALLTYPE Release() override { return --references; }
+  HRESULT STDMETHODCALLTYPE dataMemberChanged(DataMember) override { return Record(); }
+  HRESULT STDMETHODCALLTYPE dataMemberAdded(DataMember) override { return Record(); }
+  HRESULT STDMETHODCALLTYPE dataMemberRemoved(DataMember) override { return Record(); }
+
+ private:
+  HRESULT Record() {
+    ++notifications;
+    return S_OK;
+  }
+};
+
 TEST_F(SourceTest, EveryRequestGivesAFreshProvider) {
   ComPtr<_DataCollectionSource> source = SampleSource({VT_BSTR, VT_BSTR, VT_BOOL});
   ASSERT_TRUE(source);
@@ -31,6 +59,24 @@ TEST_F(SourceTest, NamesNoDataMembersOfItsOwn) {
   LONG count = -1;
   EXPECT_EQ(data_source->getDataMemberCount(&count), S_OK);
   EXPECT_EQ(count, 0);
+  BSTR name = nullptr;
+  EXPECT_EQ(data_source->getDataMemberName(0, &name), static_cast<HRESULT>(0x800A0009));
+  EXPECT_EQ(name, nullptr);
+  EXPECT_EQ(TakeErrorObject().description, L"Subscript out of range");
+}
+
+TEST_F(SourceTest, ListenersAreKeptUntilRemovedAndNeverCalled) {
+  ComPtr<_DataCollectionSource> source = SampleSource({VT_BSTR, VT_BSTR, VT_BOOL});
+  ComPtr<DataSource> data_source = source.As<DataSource>(IID_DataSource);
+  ASSERT_TRUE(data_source);
+  RecordingSourceListener listener;
+  ASSERT_EQ(data_source->addDataSourceListener(&listener), S_OK);
+  EXPECT_EQ(listener.references, 2u);
+  EXPECT_TRUE(DataMemberOf<OLEDBSimpleProvider>(source.get(), IID_OLEDBSimpleProvider));
+  ASSERT_EQ(data_source->removeDataSourceListener(&listener), S_OK);
+  EXPECT_EQ(listener.references, 1u);
+  EXPECT_EQ(data_source->removeDataSourceListener(&listener), S_OK) << "removing an unknown listener is no error";
+  EXPECT_EQ(listener.notifications, 0);
 }
 
 TEST_F(SourceTest, FailedRequestsLeaveTheirErrorObject) {

@@ -64,15 +64,4 @@ std::string Transport::GetCompAttachment(Long lngHandle, const std::string& strN
   });
 }
 
-bool Transport::Impl::NodeHasPersistantAttachments(pugi::xml_node node) {
-  return Trap{"NodeHasPersistantAttachments"}.Run([&] {
-    const pugi::xml_node attachments = xml::ChildElement(node, "ATTACHMENTS");
-    if (!attachments) return false;
-    for (pugi::xml_node child = attachments.first_child(); child; child = child.next_sibling()) {
-      if (EqualsIgnoreCase(child.attribute("persist").value(), "true")) return true;
-    }
-    return false;
-  });
-}
-
 }  // namespace varnex

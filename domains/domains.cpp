@@ -4,6 +4,7 @@
 // element and the failure reaches the caller as error 424 under the operation's name.
 #include "transport/transport_impl.hpp"
 
+#include "runtime/counter.hpp"
 #include "runtime/text.hpp"
 #include "runtime/trap.hpp"
 #include "runtime/xml.hpp"
@@ -14,6 +15,7 @@ namespace varnex {
 
 Long Transport::AddDomain(const std::string& strName, const std::string& strCode, const std::string& strDesc) {
   return Trap{"AddDomain"}.Run([&] {
+    RefuseNul(strName, strCode, strDesc);
     DomainTables& tables = impl_->domains;
     const std::string name = UCase(strName);
     // A key left behind by an earlier lookup counts as taken too.
@@ -22,7 +24,7 @@ Long Transport::AddDomain(const std::string& strName, const std::string& strCode
     const pugi::xml_node domain = impl_->Document().AppendElement(impl_->domain_section, name);
     if (!strCode.empty()) SetAttribute(domain, "CODE", strCode.c_str());
     if (!strDesc.empty()) SetAttribute(domain, "DESC", strDesc.c_str());
-    const Long handle = ++tables.domain_counter;
+    const Long handle = Advance(tables.domain_counter);
     tables.domain_index.Add(DomainTables::Key(handle), domain);
     tables.domain_index.Add(name, handle);
     ++tables.domain_counts.Item("0");
@@ -60,6 +62,7 @@ Long Transport::CountDomItems(Long lngDomain) {
 Long Transport::AddDomainProperty(Long lngDomain, Long lngItem, const std::string& strName,
                                   const std::string& strValue) {
   return Trap{"AddDomainProperty"}.Run([&] {
+    RefuseNul(strName, strValue);
     DomainTables& tables = impl_->domains;
     xml::XmlDocument& document = impl_->Document();
     const std::string item_key = DomainTables::Key(lngDomain, lngItem);
@@ -76,7 +79,10 @@ Long Transport::AddDomainProperty(Long lngDomain, Long lngItem, const std::strin
 }
 
 Boolean Transport::DomainExists(const std::string& strName) {
-  return impl_->domains.domain_index.Exists(UCase(strName)) ? vbTrue : vbFalse;
+  return Trap{"DomainExists"}.Run([&] {
+    RefuseNul(strName);
+    return impl_->domains.domain_index.Exists(UCase(strName)) ? vbTrue : vbFalse;
+  });
 }
 
 Long Transport::CountDomItemProperties(Long lngDomain, Long lngItem) {
@@ -85,8 +91,10 @@ Long Transport::CountDomItemProperties(Long lngDomain, Long lngItem) {
 }
 
 Long Transport::FindDomainByName(const std::string& strName) {
-  return Trap{"FindDomainByName"}.Run(
-      [&] { return DomainTables::NumberOf(impl_->domains.domain_index.Item(UCase(strName))); });
+  return Trap{"FindDomainByName"}.Run([&] {
+    RefuseNul(strName);
+    return DomainTables::NumberOf(impl_->domains.domain_index.Item(UCase(strName)));
+  });
 }
 
 std::string Transport::GetDomain(Long lngDomain, std::string& strCode, std::string& strDesc) {
@@ -114,6 +122,7 @@ std::string Transport::GetDomItemProperty(Long lngDomain, Long lngItem, Long lng
 
 Long Transport::FindDomItemPropByName(Long lngDomain, Long lngItem, const std::string& strName) {
   return Trap{"FindDomItemPropByName"}.Run([&] {
+    RefuseNul(strName);
     const std::string key = DomainTables::Key(lngDomain, lngItem, UCase(strName));
     return DomainTables::NumberOf(impl_->domains.domain_index.Item(key));
   });

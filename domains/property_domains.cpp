@@ -3,6 +3,7 @@
 // and collections, so they interleave with component handles.
 #include "transport/transport_impl.hpp"
 
+#include "runtime/counter.hpp"
 #include "runtime/text.hpp"
 #include "runtime/trap.hpp"
 #include "runtime/xml.hpp"
@@ -11,6 +12,7 @@ namespace varnex {
 
 Long Transport::AddPropDomain(const std::string& strProp, const std::string& strDomain) {
   return Trap{"AddPropDomain"}.Run([&] {
+    RefuseNul(strProp, strDomain);
     DomainTables& tables = impl_->domains;
     const std::string name_key = DomainTables::LinkKey(strProp);
     if (tables.prop_domain_index.Exists(name_key)) return Long{0};
@@ -19,7 +21,7 @@ Long Transport::AddPropDomain(const std::string& strProp, const std::string& str
     const pugi::xml_node link = document.AppendElement(impl_->property_domain_section, UCase(strProp));
     document.SetText(link, strDomain);
     // The handle is not entered in the component handle table: links are found here only.
-    const Long handle = ++impl_->last_handle;
+    const Long handle = Advance(impl_->last_handle);
     tables.prop_domain_index.Add(FormatLong(handle), link);
     tables.prop_domain_index.Add(name_key, handle);
     ++tables.prop_domain_count;
@@ -31,6 +33,7 @@ Long Transport::CountPropDomains() { return impl_->domains.prop_domain_count; }
 
 Long Transport::FindPropDomainByPropName(const std::string& strProperty) {
   return Trap{"FindPropDomainByPropName"}.Run([&] {
+    RefuseNul(strProperty);
     return DomainTables::NumberOf(impl_->domains.prop_domain_index.Item(DomainTables::LinkKey(strProperty)));
   });
 }

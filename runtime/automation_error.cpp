@@ -25,6 +25,7 @@ std::string RuntimeErrorText(Long number) {
     case errObjectNotSet: return "Object variable or With block variable not set";
     case errInvalidUseOfNull: return "Invalid use of Null";
     case errObjectRequired: return "Object required";
+    case errObjectDoesntSupport: return "Object doesn't support this property or method";
     case errDuplicateKey: return "This key is already associated with an element of this collection";
     case errElementNotFound: return "Element not found";
     default: return {};

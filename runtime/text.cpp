@@ -1,5 +1,7 @@
-// Trimming and number formatting.
+// Trimming, the NUL check of text arguments and number formatting.
 #include "runtime/text.hpp"
+
+#include "varnex/automation_error.hpp"
 
 namespace varnex {
 
@@ -8,6 +10,10 @@ std::string_view TrimBlanks(std::string_view text) {
   if (first == std::string_view::npos) return {};
   const auto last = text.find_last_not_of(' ');
   return text.substr(first, last - first + 1);
+}
+
+void RefuseNul(std::string_view text) {
+  if (text.find('\0') != std::string_view::npos) throw AutomationError::Runtime(errInvalidProcedureCall);
 }
 
 std::string FormatLong(Long value) { return std::to_string(value); }

@@ -19,6 +19,16 @@ bool EqualsIgnoreCase(std::string_view a, std::string_view b);
 // Removes leading and trailing blanks (spaces only, as the platform's Trim does).
 std::string_view TrimBlanks(std::string_view text);
 
+// Text arguments never hold a NUL character: the document cannot carry one (XML has no way to
+// write it) and would cut the value short at it. Every operation that takes text refuses such
+// text with error 5 "Invalid procedure call or argument" before it changes anything.
+void RefuseNul(std::string_view text);
+template <typename... Texts>
+void RefuseNul(std::string_view first, const Texts&... rest) {
+  RefuseNul(first);
+  (RefuseNul(std::string_view(rest)), ...);
+}
+
 // The number in plain decimal, with a minus sign where negative.
 std::string FormatLong(Long value);
 

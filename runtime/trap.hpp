@@ -13,6 +13,7 @@
 #include <string_view>
 #include <utility>
 
+#include "runtime/memory_budget.hpp"
 #include "varnex/automation_error.hpp"
 
 namespace varnex {
@@ -28,6 +29,7 @@ struct Trap {
   // Runs the body; a failure is raised again as this operation's error.
   template <typename Body>
   decltype(auto) Run(Body&& body) const {
+    const budget::Scope budget;  // the operation's memory budget, when this is its outermost trap
     try {
       return std::forward<Body>(body)();
     } catch (const AutomationError& error) {

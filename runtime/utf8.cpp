@@ -9,7 +9,7 @@ bool IsContinuation(unsigned char byte) { return (byte & 0xC0) == 0x80; }
 
 // The bounds of the second byte carry the rules against over-long forms, surrogates and code
 // points above U+10FFFF.
-Utf8Unit DecodeUtf8(std::string_view text, std::size_t i) {
+Utf8Unit DecodeUtf8(std::string_view text, std::size_t i, Surrogates surrogates) {
   const auto byte = [&](std::size_t k) { return static_cast<unsigned char>(text[i + k]); };
   const unsigned char lead = byte(0);
   if (lead < 0x80) return {lead, 1};
@@ -24,7 +24,7 @@ Utf8Unit DecodeUtf8(std::string_view text, std::size_t i) {
     length = 3;
     cp = lead & 0x0F;
     if (lead == 0xE0) low = 0xA0;
-    if (lead == 0xED) high = 0x9F;
+    if (lead == 0xED && surrogates == Surrogates::Refused) high = 0x9F;
   } else if (lead >= 0xF0 && lead <= 0xF4) {
     length = 4;
     cp = lead & 0x07;

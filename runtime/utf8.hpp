@@ -17,9 +17,14 @@ struct Utf8Unit {
   bool well_formed() const { return code_point < kMalformedUtf8; }
 };
 
-// Decodes the unit at text[i]. Well-formed means shortest form, no surrogates and nothing above
-// U+10FFFF; anything else (an over-long form, a lone surrogate, a cut-off sequence) is malformed.
-Utf8Unit DecodeUtf8(std::string_view text, std::size_t i);
+// Whether the three-byte forms of U+D800 to U+DFFF decode. Text proper never holds them; text
+// carried over from UTF-16 does, to keep a lone surrogate exactly as it came.
+enum class Surrogates { Refused, Kept };
+
+// Decodes the unit at text[i]. Well-formed means shortest form, nothing above U+10FFFF and, unless
+// kept, no surrogates; anything else (an over-long form, a lone surrogate, a cut-off sequence) is
+// malformed.
+Utf8Unit DecodeUtf8(std::string_view text, std::size_t i, Surrogates surrogates = Surrogates::Refused);
 
 // Appends the code point's UTF-8 form.
 void AppendUtf8(std::string& out, char32_t cp);

@@ -4,6 +4,7 @@
 #include <cstring>
 #include <vector>
 
+#include "runtime/memory_budget.hpp"
 #include "runtime/text.hpp"
 #include "runtime/utf8.hpp"
 #include "varnex/automation_error.hpp"
@@ -71,7 +72,10 @@ bool IsNameChar(char32_t c) {
 
 struct StringWriter : pugi::xml_writer {
   explicit StringWriter(std::string& target) : out(target) {}
-  void write(const void* data, size_t size) override { out.append(static_cast<const char*>(data), size); }
+  void write(const void* data, size_t size) override {
+    budget::Charge(size);
+    out.append(static_cast<const char*>(data), size);
+  }
   std::string& out;
 };
 

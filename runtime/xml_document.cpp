@@ -14,6 +14,11 @@ pugi::xml_node XmlDocument::AppendElement(pugi::xml_node parent, std::string_vie
 }
 
 pugi::xml_node XmlDocument::AppendCopy(pugi::xml_node parent, pugi::xml_node source) {
+  if (source.type() == pugi::node_declaration || source.type() == pugi::node_doctype) {
+    // Only a document's prolog may hold these; the text would no longer load with one inside.
+    throw AutomationError(errXml, kRuntimeSource,
+                          "The node '" + xml::Serialize(source) + "' can only stand at the start of a document.");
+  }
   pugi::xml_node copy = parent.append_copy(source);
   if (!copy) throw AutomationError::Runtime(errInvalidProcedureCall);
   if (observer_) observer_->Appended(copy);

@@ -42,7 +42,8 @@ class XmlDocument {
 
   // Creates an element with a checked name and appends it as the parent's last child.
   pugi::xml_node AppendElement(pugi::xml_node parent, std::string_view name);
-  // Appends a deep copy of a node of any document as the parent's last child.
+  // Appends a deep copy of a node of any document as the parent's last child. A declaration or
+  // document type cannot be appended: an error of the XML layer naming it.
   pugi::xml_node AppendCopy(pugi::xml_node parent, pugi::xml_node source);
   // Cuts the node out of its parent; it stays alive as the top of a detached tree.
   void Detach(pugi::xml_node node);

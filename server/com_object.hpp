@@ -32,6 +32,8 @@ class ComObject : public Interface, public ISupportErrorInfo, public ICoreObject
       *object = static_cast<ISupportErrorInfo*>(this);
     } else if (IsEqualIID(iid, IID_ICoreObject) && core_ != nullptr) {
       *object = static_cast<ICoreObject*>(this);
+    } else if (void* other = OtherInterface(iid)) {
+      *object = other;
     } else {
       return E_NOINTERFACE;
     }
@@ -60,7 +62,9 @@ class ComObject : public Interface, public ISupportErrorInfo, public ICoreObject
   }
 
   HRESULT STDMETHODCALLTYPE InterfaceSupportsErrorInfo(REFIID iid) override {
-    return IsEqualIID(iid, __uuidof(Interface)) || IsEqualIID(iid, __uuidof(Dispatch)) ? S_OK : S_FALSE;
+    return IsEqualIID(iid, __uuidof(Interface)) || IsEqualIID(iid, __uuidof(Dispatch)) || OtherInterface(iid) != nullptr
+               ? S_OK
+               : S_FALSE;
   }
 
   std::shared_ptr<Object> CoreObject() override { return core_; }
@@ -78,10 +82,19 @@ class ComObject : public Interface, public ISupportErrorInfo, public ICoreObject
     if (core_ != nullptr) ForgetWrapper(core_.get());
   }
 
+  // Another interface that the object implements beside its dual one (no reference added), or
+  // null. Its failures set the error object as the dual interface's do (see CallAs).
+  virtual void* OtherInterface(REFIID) { return nullptr; }
+
   // Runs a method body inside the error boundary.
   template <typename Body>
   HRESULT Call(Body&& body) {
     return Guard(__uuidof(Interface), std::forward<Body>(body));
+  }
+  // The same for a method of another interface, named by iid in the error object.
+  template <typename Body>
+  HRESULT CallAs(REFIID iid, Body&& body) {
+    return Guard(iid, std::forward<Body>(body));
   }
 
  private:

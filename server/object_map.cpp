@@ -5,6 +5,7 @@
 #include <varnex/varnex.hpp>
 
 #include "com_ptr.hpp"
+#include "errors.hpp"
 #include "lock.hpp"
 #include "variants.hpp"
 #include "wrappers.hpp"
@@ -44,6 +45,12 @@ IDispatch* WrapObject(const std::shared_ptr<Object>& object) {
     }
   }
   return NewWrapper(object);
+}
+
+IUnknown* IdentityOf(IUnknown* object) {
+  ComPtr<IUnknown> identity;
+  ThrowIfFailed(object->QueryInterface(IID_IUnknown, reinterpret_cast<void**>(identity.put())));
+  return identity.get();
 }
 
 std::shared_ptr<Object> CoreObjectOf(IUnknown* object) {

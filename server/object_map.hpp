@@ -20,6 +20,8 @@ extern const IID IID_ICoreObject;
 
 // The wrapper of the core object (a new reference), made on first use; null for null.
 IDispatch* WrapObject(const std::shared_ptr<Object>& object);
+// The object's IUnknown, by which COM compares identities (no reference kept).
+IUnknown* IdentityOf(IUnknown* object);
 // The core object behind a wrapper of this server; null for any other object.
 std::shared_ptr<Object> CoreObjectOf(IUnknown* object);
 

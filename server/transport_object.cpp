@@ -3,6 +3,7 @@
 
 #include "classes.hpp"
 #include "com_object.hpp"
+#include "msxml_dom.hpp"
 #include "parameters.hpp"
 #include "script_dictionary.hpp"
 #include "varnex.h"
@@ -14,10 +15,15 @@ namespace {
 using StatusRef = InOut<::enComponentStatus, enComponentStatus>;
 using TypeRef = InOut<::enComponentType, enComponentType>;
 
-// Trimming works on caller DOM documents, which this server does not take yet.
-[[noreturn]] void RefuseDomTrim(const char* operation) {
-  throw AutomationError(static_cast<Long>(E_NOTIMPL), kRuntimeSource,
-                        std::string(operation) + ": DOM documents are not supported by this server");
+// Reduces the caller's own DOM tree below nNode in place, as the core reduces its documents;
+// docShort is carried along unused. boolKill says whether nNode itself may go.
+void TrimCallersTree(IDispatch** nNode, VARIANT_BOOL* boolKill, bool mild) {
+  RequirePointer(nNode);
+  RequirePointer(boolKill);
+  MsxmlDom dom;
+  Boolean kill = vbFalse;
+  trim::TrimWalk(dom, DomNodeOf(*nNode), kill, mild, MsxmlRemoving{});
+  *boolKill = kill;
 }
 
 class TransportObject final : public ComObject<_Transport> {
@@ -165,11 +171,11 @@ class TransportObject final : public ComObject<_Transport> {
   HRESULT STDMETHODCALLTYPE GenerateTransportDoc(::enTransportMode tmMode, BSTR* result) override {
     return Call([&] { PutResult(result, transport_.GenerateTransportDoc(enTransportMode(tmMode))); });
   }
-  HRESULT STDMETHODCALLTYPE TrimDocument(IDispatch**, IDispatch**, VARIANT_BOOL*) override {
-    return Call([&] { RefuseDomTrim("TrimDocument"); });
+  HRESULT STDMETHODCALLTYPE TrimDocument(IDispatch**, IDispatch** nNode, VARIANT_BOOL* boolKill) override {
+    return Call([&] { TrimCallersTree(nNode, boolKill, false); });
   }
-  HRESULT STDMETHODCALLTYPE TrimDocument2(IDispatch**, IDispatch**, VARIANT_BOOL*) override {
-    return Call([&] { RefuseDomTrim("TrimDocument2"); });
+  HRESULT STDMETHODCALLTYPE TrimDocument2(IDispatch**, IDispatch** nNode, VARIANT_BOOL* boolKill) override {
+    return Call([&] { TrimCallersTree(nNode, boolKill, true); });
   }
   HRESULT STDMETHODCALLTYPE MergeDocument(BSTR strDoc, LONG lngParent, LONG* result) override {
     return Call([&] { PutResult(result, transport_.MergeDocument(ToUtf8(strDoc), lngParent)); });

@@ -1,7 +1,5 @@
 // Attachments: XML fragments supplied by the caller, kept under a component's "ATTACHMENTS"
 // element, optionally marked to persist through the reduced documents.
-#include <cstring>
-
 #include "runtime/text.hpp"
 #include "runtime/trap.hpp"
 #include "runtime/xml.hpp"
@@ -10,25 +8,6 @@
 
 namespace varnex {
 namespace {
-
-// The node that goes into "ATTACHMENTS" for the first node of a loaded fragment. An XML
-// declaration cannot stand inside an element, so it travels as the processing instruction that
-// reads the same ("<?xml version="1.0"?>"), built beside it in the working document.
-pugi::xml_node AttachableNode(pugi::xml_document& fragment, pugi::xml_node first) {
-  if (first.type() != pugi::node_declaration) return first;
-  std::string value;
-  for (pugi::xml_attribute attribute : first.attributes()) {
-    if (!value.empty()) value += ' ';
-    value += attribute.name();
-    value += "=\"";
-    value += attribute.value();
-    value += '"';
-  }
-  pugi::xml_node instruction = fragment.insert_child_after(pugi::node_pi, first);
-  instruction.set_name("xml");
-  instruction.set_value(value.c_str());
-  return instruction;
-}
 
 // An attribute found by an XPath step, as the DOM serialises an attribute node.
 std::string SerializeAttribute(pugi::xml_attribute attribute) {
@@ -50,6 +29,7 @@ std::string SerializeAttribute(pugi::xml_attribute attribute) {
 
 Boolean Transport::AddCompAttachment(Long lngHandle, const std::string& strXml, Boolean blnPersist) {
   return Trap{"AddCompAttachment"}.Run([&] {
+    RefuseNul(strXml);
     xml::XmlDocument& doc = impl_->Document();
     const pugi::xml_node element = impl_->NodeOf(lngHandle);
     pugi::xml_node attachments = xml::ChildElement(element, "ATTACHMENTS");
@@ -57,18 +37,22 @@ Boolean Transport::AddCompAttachment(Long lngHandle, const std::string& strXml, 
 
     pugi::xml_document fragment;
     if (!xml::LoadText(fragment, strXml)) throw AutomationError::Class("Transport", "Invalid XML supplied.");
-    // The first node is taken as it stands, even a declaration or a comment before the element.
+    // The first node is taken as it stands, even a comment or processing instruction before the
+    // element; a declaration cannot go inside an element, and the append refuses it.
     const pugi::xml_node first = fragment.first_child();
-    // Any non-zero value asks for persistence. Only an element can carry the mark; a comment or
-    // declaration taken in its place is attached unmarked.
-    if (blnPersist != vbFalse && first.type() == pugi::node_element) SetAttribute(first, "persist", "true");
-    doc.AppendCopy(attachments, AttachableNode(fragment, first));
+    // Any non-zero value asks for persistence, which only an element can carry (438 otherwise).
+    if (blnPersist != vbFalse) {
+      if (first.type() != pugi::node_element) throw AutomationError::Runtime(errObjectDoesntSupport);
+      SetAttribute(first, "persist", "true");
+    }
+    doc.AppendCopy(attachments, first);
     return vbTrue;
   });
 }
 
 std::string Transport::GetCompAttachment(Long lngHandle, const std::string& strName) {
   return Trap{"GetCompAttachment"}.Run([&] {
+    RefuseNul(strName);
     const pugi::xml_node element = impl_->NodeOf(lngHandle);
     // The name is an XPath step: matched exactly, and free to be any expression that continues
     // the path.
@@ -77,17 +61,6 @@ std::string Transport::GetCompAttachment(Long lngHandle, const std::string& strN
     const pugi::xpath_node first = found.first();
     if (first.attribute()) return SerializeAttribute(first.attribute());
     return xml::Serialize(first.node());
-  });
-}
-
-bool Transport::Impl::NodeHasPersistantAttachments(pugi::xml_node node) {
-  return Trap{"NodeHasPersistantAttachments"}.Run([&] {
-    const pugi::xml_node attachments = xml::ChildElement(node, "ATTACHMENTS");
-    if (!attachments) return false;
-    for (pugi::xml_node child = attachments.first_child(); child; child = child.next_sibling()) {
-      if (EqualsIgnoreCase(child.attribute("persist").value(), "true")) return true;
-    }
-    return false;
   });
 }
 

@@ -1,4 +1,5 @@
 // Free attributes of a component element: set and read under the caller's names, untracked.
+#include "runtime/text.hpp"
 #include "runtime/trap.hpp"
 #include "runtime/xml.hpp"
 #include "transport/node_status.hpp"
@@ -20,6 +21,7 @@ pugi::xml_node ComponentOrInvalidHandle(const Transport::Impl& impl, Long handle
 
 std::string Transport::GetCompAttribute(Long lngHandle, const std::string& strAttributeName) {
   return Trap{"GetCompAttribute"}.Run([&] {
+    RefuseNul(strAttributeName);
     Trap{"Error Rebuilding Indexes"}.Run([&] {
       impl_->CheckAndRebuildChildIndexes();
       impl_->CheckAndRebuildPropIndexes();
@@ -35,6 +37,7 @@ std::string Transport::GetCompAttribute(Long lngHandle, const std::string& strAt
 Boolean Transport::AddCompAttribute(Long lngHandle, const std::string& strAttributeName,
                                     const std::string& strAttributeValue) {
   return Trap{"AddCompAttribute"}.Run([&] {
+    RefuseNul(strAttributeName, strAttributeValue);
     const pugi::xml_node element = ComponentOrInvalidHandle(*impl_, lngHandle);
     if (!xml::IsElementName(strAttributeName)) {
       throw AutomationError(errXml, kRuntimeSource,

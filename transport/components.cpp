@@ -1,6 +1,7 @@
 // Components and collections: adding, finding, counting and reading them by handle.
 #include "transport/transport_impl.hpp"
 
+#include "runtime/memory_budget.hpp"
 #include "runtime/text.hpp"
 #include "runtime/trap.hpp"
 #include "runtime/xml.hpp"
@@ -18,6 +19,8 @@ enComponentType TypeOfWrapper(pugi::xml_node wrapper, enComponentType otherwise)
 }  // namespace
 
 Long Transport::Impl::AddWrapped(Long parent, const char* wrapper_name, const std::string& name, Long status) {
+  RefuseNul(name);
+  budget::Charge(budget::kComponentCost);
   xml::XmlDocument& doc = Document();
   const pugi::xml_node parent_element = ParentNode(parent);
   IndexUpkeep::Explaining explaining(upkeep);
@@ -83,6 +86,7 @@ Long Transport::CountCompChildren(Long lngComp, Boolean boolIgnoreDeletes) {
 
 Long Transport::FindChildCompByName(Long lngParent, const std::string& strChildName) {
   return Trap{"FindChildCompByName", kInvalidHandle}.Run([&] {
+    RefuseNul(strChildName);
     const pugi::xml_node parent = impl_->ParentNode(lngParent);
     if (!parent.first_child()) return Long{0};
     const std::string name = UCase(strChildName);

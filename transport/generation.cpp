@@ -11,8 +11,10 @@
 // failure, which the copy then raises as it should.
 #include <cstring>
 
+#include "runtime/memory_budget.hpp"
 #include "runtime/trap.hpp"
 #include "runtime/xml.hpp"
+#include "transport/answer_size.hpp"
 #include "transport/root_wrappers.hpp"
 #include "transport/transport_impl.hpp"
 #include "transport/trim_marks.hpp"
@@ -121,6 +123,7 @@ void CloseRoot(const std::string& root_name, std::string& text) {
 }
 
 std::string WrapUnderRoot(const std::string& root_name, const std::vector<pugi::xml_node>& wrappers) {
+  budget::Require(WrappersTaken(wrappers), kWrapperTextCost);
   std::string text = OpenRoot(root_name);
   for (const pugi::xml_node wrapper : wrappers) xml::SerializeTo(wrapper, text);
   CloseRoot(root_name, text);
@@ -138,14 +141,17 @@ bool WriteShortForm(Transport::Impl& impl, std::string& text) {
       }
       return false;
     };
+    const std::vector<pugi::xml_node> wrappers = impl.OwnRootWrappers();
+    budget::Require(WrappersTaken(wrappers, &marks.removed), kWrapperTextCost);
     TagWriter tags;
     text = OpenRoot(impl.root_name);
-    for (const pugi::xml_node wrapper : impl.OwnRootWrappers()) {
+    for (const pugi::xml_node wrapper : wrappers) {
       if (!removed(wrapper)) WriteKept(wrapper, marks, tags, text);
     }
     CloseRoot(impl.root_name, text);
     return AsReloaded(text);
-  } catch (const AutomationError&) {
+  } catch (const AutomationError& error) {
+    if (error.number() == errOutOfMemory) throw;  // the working copy would need as much
     return false;
   }
 }

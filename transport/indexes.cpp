@@ -2,6 +2,7 @@
 // indexes up to date when they are marked stale.
 #include "transport/transport_impl.hpp"
 
+#include "runtime/counter.hpp"
 #include "runtime/trap.hpp"
 #include "runtime/xml.hpp"
 
@@ -19,7 +20,7 @@ pugi::xml_node Transport::Impl::RootNode() const {
 }
 
 Long Transport::Impl::IssueHandle(pugi::xml_node name_element) {
-  ++last_handle;
+  Advance(last_handle);
   handles.Add(last_handle, name_element);
   return last_handle;
 }

@@ -6,10 +6,12 @@
 #include <string>
 #include <vector>
 
+#include "runtime/memory_budget.hpp"
 #include "runtime/nested_trap.hpp"
 #include "runtime/text.hpp"
 #include "runtime/trap.hpp"
 #include "runtime/xml.hpp"
+#include "transport/answer_size.hpp"
 #include "transport/node_status.hpp"
 #include "transport/root_wrappers.hpp"
 #include "transport/transport_impl.hpp"
@@ -77,7 +79,10 @@ void CopyProperties(Transport& self, Long handle, pugi::xml_node list) {
 }  // namespace
 
 Long Transport::MergeDocument(const std::string& strDoc, Long lngParent) {
-  return Trap{"MergeDocument"}.Run([&] { return impl_->MergeTransportIn(lngParent, strDoc); });
+  return Trap{"MergeDocument"}.Run([&] {
+    RefuseNul(strDoc);
+    return impl_->MergeTransportIn(lngParent, strDoc);
+  });
 }
 
 Long Transport::Impl::MergeTransportIn(Long parent, const std::string& text) {
@@ -92,7 +97,9 @@ Long Transport::Impl::MergeTransportIn(Long parent, pugi::xml_document& incoming
     const pugi::xml_node top = incoming.document_element();
     // Every wrapper whose parent is named like the own root, wherever it stands, in document
     // order: a component named like the root has its wrappers taken here as well as inside it.
-    for (const pugi::xml_node wrapper : SelectRootWrappers(incoming, root_name)) RecurseComponents(parent, ComponentNodeOf(wrapper));
+    const std::vector<pugi::xml_node> wrappers = SelectRootWrappers(incoming, root_name);
+    budget::Require(WrappersTaken(wrappers), budget::kComponentCost);
+    for (const pugi::xml_node wrapper : wrappers) RecurseComponents(parent, ComponentNodeOf(wrapper));
 
     // The first link section and the first domain section under an element named like the root,
     // looked for once the components (and the prototypes they took along) are done.

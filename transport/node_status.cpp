@@ -8,13 +8,16 @@ namespace varnex {
 
 enComponentStatus GetNodeStatus(pugi::xml_node node) {
   if (!node) return csNormal;
+  return StatusOfText(node.attribute("STATUS").value());
+}
+
+enComponentStatus StatusOfText(std::string_view text) {
   // The written forms first, without a copy.
-  const char* written = node.attribute("STATUS").value();
-  if (*written == '\0') return csNormal;
-  if (std::strcmp(written, "NEW") == 0) return csNew;
-  if (std::strcmp(written, "DELETED") == 0) return csDeleted;
-  if (std::strcmp(written, "MODIFIED") == 0) return csModified;
-  const std::string status = UCase(TrimBlanks(node.attribute("STATUS").value()));
+  if (text.empty()) return csNormal;
+  if (text == "NEW") return csNew;
+  if (text == "DELETED") return csDeleted;
+  if (text == "MODIFIED") return csModified;
+  const std::string status = UCase(TrimBlanks(text));
   if (status == "NEW") return csNew;
   if (status == "DELETED") return csDeleted;
   if (status == "MODIFIED") return csModified;

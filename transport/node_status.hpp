@@ -1,6 +1,8 @@
 // The change status of a component or property element, kept in its "STATUS" attribute.
 #pragma once
 
+#include <string_view>
+
 #include <pugixml.hpp>
 
 #include "varnex/types.hpp"
@@ -10,6 +12,8 @@ namespace varnex {
 // Reads "STATUS": trimmed of blanks and compared without regard to case, "NEW", "DELETED" and
 // "MODIFIED" give their status; a missing node or attribute and any other text give csNormal.
 enComponentStatus GetNodeStatus(pugi::xml_node node);
+// The same reading of the attribute's text.
+enComponentStatus StatusOfText(std::string_view text);
 
 // The text written for a status: "MODIFIED", "NEW", "DELETED"; nullptr for csNormal and any
 // other value, which are written as no attribute at all.

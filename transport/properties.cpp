@@ -40,6 +40,7 @@ bool TextEquals(pugi::xml_node property, std::string_view value) {
 Long Transport::AddCompProperty(Long lngComponent, const std::string& strPropName, const std::string& strPropVal,
                                 enComponentStatus enStatus, const std::string& strPropOriginal) {
   return Trap{"AddCompProperty", kInvalidHandle}.Run([&] {
+    RefuseNul(strPropName, strPropVal, strPropOriginal);
     xml::XmlDocument& doc = impl_->Document();
     const pugi::xml_node element = impl_->NodeOf(lngComponent);
     IndexUpkeep::Explaining explaining(impl_->upkeep);
@@ -67,6 +68,7 @@ Long Transport::CountCompProperties(Long lngParent) {
 
 Long Transport::FindCompPropertyByName(Long lngParent, const std::string& strProperty) {
   return Trap{"FindCompPropertyByName", kInvalidHandle}.Run([&] {
+    RefuseNul(strProperty);
     const pugi::xml_node element = impl_->NodeOf(lngParent);
     if (!element.first_child()) return Long{0};
     // Unlike the container lookup of AddCompProperty, this one matches the name exactly.
@@ -110,6 +112,7 @@ enComponentStatus Transport::GetCompPropStatus(Long lngHandle, Long lngProperty)
 // takes the new text.
 Boolean Transport::ModifyCompProperty(Long lngHandle, Long lngProperty, const std::string& strValue) {
   return Trap{"ModifyCompProperty"}.Run([&] {
+    RefuseNul(strValue);
     impl_->CheckAndRebuildChildIndexes();
     impl_->CheckAndRebuildPropIndexes();
     const pugi::xml_node property = PropertyAt(impl_->properties, lngHandle, lngProperty);

@@ -23,6 +23,7 @@ pugi::xml_node PrototypeHolder(const Transport::Impl& impl, Long handle) {
 Boolean Transport::AddCompPrototypeProperty(Long lngHandle, const std::string& strPropertyName,
                                             const std::string& strValue) {
   return Trap{"AddCompPrototypeProperty", {}, "Transport"}.Run([&] {
+    RefuseNul(strPropertyName, strValue);
     xml::XmlDocument& doc = impl_->Document();
     const pugi::xml_node element = PrototypeHolder(*impl_, lngHandle);
     const pugi::xml_node wrapper = impl_->ParentOf(element);

@@ -4,6 +4,7 @@
 
 #include <utility>
 
+#include "runtime/text.hpp"
 #include "runtime/trap.hpp"
 #include "runtime/xml.hpp"
 
@@ -62,6 +63,7 @@ void Transport::Impl::BuildEmptyDocument() {
 
 void Transport::Impl::LetRootName(const std::string& name) {
   Trap{"LetRootName"}.Run([&] {
+    RefuseNul(name);
     root_name = name;
     BuildEmptyDocument();
   });
@@ -85,6 +87,7 @@ std::string Transport::TransportDoc() {
 
 void Transport::TransportDoc(const std::string& text) {
   Trap{"GetTransportDoc"}.Run([&] {
+    RefuseNul(text);
     impl_->Release();
     impl_->root_name = kDefaultRootName;
     impl_->BuildEmptyDocument();

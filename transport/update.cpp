@@ -4,8 +4,11 @@
 // sides; only property texts are copied. The walk keeps its levels on an explicit stack.
 #include <vector>
 
+#include "runtime/memory_budget.hpp"
+#include "runtime/text.hpp"
 #include "runtime/nested_trap.hpp"
 #include "runtime/xml.hpp"
+#include "transport/answer_size.hpp"
 #include "transport/root_wrappers.hpp"
 #include "transport/transport_impl.hpp"
 #include "transport/wrapper_names.hpp"
@@ -14,12 +17,14 @@ namespace varnex {
 
 Long Transport::UpdateDocument(const std::string& strDoc) {
   return Trap{"UpdateDocument"}.Run([&] {
+    RefuseNul(strDoc);
     pugi::xml_document returned;
     xml::LoadText(returned, strDoc);  // text that does not parse selects nothing
     Impl& impl = *impl_;
     const std::vector<pugi::xml_node> incoming = SelectRootWrappers(returned, impl.root_name);
     impl.RootNode();  // a document without a root fails here
     if (incoming.empty()) return Long{1};
+    budget::Require(WrappersTaken(incoming), kPairedLevelCost);
     const std::vector<pugi::xml_node> own = impl.OwnRootWrappers();
     for (std::size_t i = 0; i < incoming.size(); ++i) {
       if (i >= own.size()) throw AutomationError::Runtime(errObjectNotSet);

@@ -18,6 +18,7 @@ inline constexpr Long errOutOfStackSpace = 28;       // Out of stack space
 inline constexpr Long errObjectNotSet = 91;          // Object variable or With block variable not set
 inline constexpr Long errInvalidUseOfNull = 94;      // Invalid use of Null
 inline constexpr Long errObjectRequired = 424;       // Object required: an unknown handle or key
+inline constexpr Long errObjectDoesntSupport = 438;  // Object doesn't support this property or method
 inline constexpr Long errDuplicateKey = 457;         // This key is already associated with ...
 inline constexpr Long errElementNotFound = 32811;    // Element not found: a missing dictionary key
 

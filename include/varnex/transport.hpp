@@ -17,6 +17,11 @@
 // Properties are numbered 1, 2, ... among all child nodes of a component's property list.
 // Booleans are automation Booleans: True is -1. Where an operation counts only -1 as True, or any
 // non-zero value, its comment says so.
+//
+// Text arguments (names, values, documents, look-up keys) are UTF-8 without NUL characters: text
+// that holds one is refused with error 5 "Invalid procedure call or argument" under the
+// operation's name before anything changes (XML cannot carry the character, and the rest of the
+// value would be lost). The handle counter stops at 2,147,483,647: one more is error 6 "Overflow".
 #pragma once
 
 #include <memory>
@@ -142,7 +147,9 @@ class Transport {
   // Sets a free attribute; not a tracked change. Unknown handles as for GetCompAttribute.
   Boolean AddCompAttribute(Long lngHandle, const std::string& strAttributeName, const std::string& strAttributeValue);
   // Keeps the first node of the XML text under the component; any non-zero blnPersist marks an
-  // element "persist"="true". Text that does not parse: 0x80040201 "Invalid XML supplied.".
+  // element "persist"="true". Text that does not parse: 0x80040201 "Invalid XML supplied.". A
+  // fragment that starts with a declaration: 0x80004005 naming it; blnPersist on one that starts
+  // with a comment or processing instruction: 438. Both add nothing but "ATTACHMENTS" itself.
   Boolean AddCompAttachment(Long lngHandle, const std::string& strXml, Boolean blnPersist = vbFalse);
   // The XML of the first node that "ATTACHMENTS/" + strName selects (an XPath step: exact case).
   // Nothing found: 0x80040201 "Attachment not found.".

@@ -11,6 +11,7 @@
 #include "varnex/dictionary.hpp"
 #include "varnex/enumerator.hpp"
 #include "varnex/late_bound.hpp"
+#include "varnex/memory_budget.hpp"
 #include "varnex/object.hpp"
 #include "varnex/oledb_simple_provider.hpp"
 #include "varnex/transport.hpp"

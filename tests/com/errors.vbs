@@ -42,7 +42,7 @@ Sub ClassAndXmlErrors()
   Check "invalid root name", Left(Err.Description, 13), "LetRootName: "
   Err.Clear
   Call t.TrimDocument(Nothing, Nothing, False)
-  CheckError "TrimDocument", -2147467263, "Varnex", "TrimDocument: DOM documents are not supported by this server"
+  CheckError "TrimDocument without a node", 91, "Varnex", "TrimDocument: Object variable or With block variable not set"
 End Sub
 
 ' Errors of the dispatch layer itself keep the script runtime's own numbers and source.

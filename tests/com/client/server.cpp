@@ -27,7 +27,6 @@ ErrorObject TakeErrorObject() {
   ErrorObject error;
   ComPtr<IErrorInfo> info;
   if (GetErrorInfo(0, info.put()) != S_OK || !info) return error;
-  error.present = true;
   Bstr source;
   Bstr description;
   info->GetGUID(&error.guid);

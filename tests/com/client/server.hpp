@@ -44,7 +44,6 @@ struct Var : VARIANT {
 
 // The error object that the last failed call left on this thread.
 struct ErrorObject {
-  bool present = false;
   GUID guid{};
   std::wstring source;
   std::wstring description;

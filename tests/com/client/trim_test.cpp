@@ -1,4 +1,5 @@
-// TrimDocument and TrimDocument2 on the caller's own MSXML document, reduced in place.
+// TrimDocument and TrimDocument2 on the caller's own MSXML document: the walk is the core's, the
+// tree it removes nodes from is the caller's, and the kill flag comes back through its pointer.
 #include <string>
 
 #include <msxml2.h>
@@ -7,13 +8,6 @@
 
 namespace varnex::client {
 namespace {
-
-// A component with a sub-component that is a normal leaf, and a new component with a prototype
-// and three attachments: persistent, without "persist", and explicitly not persistent.
-constexpr const wchar_t* kDocument =
-    L"<TALVEN><COMPONENT><A><PROPERTIES><X>1</X></PROPERTIES><COMPONENT><B><PROPERTIES/></B></COMPONENT></A>"
-    L"</COMPONENT><COMPONENT><C STATUS=\"new\"><PROTOTYPE/><ATTACHMENTS><P persist=\"TRUE\"/><Q/>"
-    L"<R persist=\"no\"/></ATTACHMENTS></C></COMPONENT></TALVEN>";
 
 // The node's text without the line breaks and tabs that wine's DOM indents its output with (the
 // documents here hold none of their own).
@@ -25,72 +19,54 @@ std::wstring XmlOf(IXMLDOMNode* node) {
   return xml;
 }
 
-class TrimTest : public ServerTest {};
-
-TEST_F(TrimTest, TheCallersTreeIsReducedInPlace) {
+TEST_F(ServerTest, TrimReducesTheCallersTreeInPlace) {
+  // A component with a sub-component that is a normal leaf, a new component with a prototype and
+  // three attachments (persistent, without "persist", explicitly not persistent), a leaf, and a
+  // wrapper without a component.
+  const wchar_t* document =
+      L"<R><TALVEN><COMPONENT><A><PROPERTIES><X>1</X></PROPERTIES><COMPONENT><B><PROPERTIES/></B></COMPONENT></A>"
+      L"</COMPONENT><COMPONENT><C STATUS=\"new\"><PROTOTYPE/><ATTACHMENTS><P persist=\"TRUE\"/><Q/>"
+      L"<R persist=\"no\"/></ATTACHMENTS></C></COMPONENT></TALVEN><L><PROPERTIES/></L><W><COMPONENT/></W></R>";
   struct Case {
-    const char* name;
     bool mild;
-    const wchar_t* expected;
+    const wchar_t* path;
+    HRESULT hr;
+    VARIANT_BOOL kill;
+    const wchar_t* expected;  // the node's text afterwards, or the error's description
   };
   const Case cases[] = {
-      {"TrimDocument", false,
+      {false, L"/R/TALVEN", S_OK, VARIANT_FALSE,
        L"<TALVEN><COMPONENT><A><PROPERTIES><X>1</X></PROPERTIES></A></COMPONENT><COMPONENT><C STATUS=\"new\">"
        L"<ATTACHMENTS><P persist=\"TRUE\"/><R persist=\"no\"/></ATTACHMENTS></C></COMPONENT></TALVEN>"},
-      {"TrimDocument2", true,
+      {true, L"/R/TALVEN", S_OK, VARIANT_FALSE,
        L"<TALVEN><COMPONENT><A><PROPERTIES><X>1</X></PROPERTIES><COMPONENT><B><PROPERTIES/></B></COMPONENT></A>"
        L"</COMPONENT><COMPONENT><C STATUS=\"new\"><ATTACHMENTS><P persist=\"TRUE\"/><Q/></ATTACHMENTS></C>"
        L"</COMPONENT></TALVEN>"},
+      {false, L"/R/L", S_OK, VARIANT_TRUE, L"<L><PROPERTIES/></L>"},
+      {false, L"/R/W", static_cast<HRESULT>(0x800A005B), VARIANT_TRUE,
+       L"TrimDocument: TrimDocument: Object variable or With block variable not set"},  // one prefix per level
   };
   for (const Case& c : cases) {
-    SCOPED_TRACE(c.name);
+    SCOPED_TRACE(testing::Message() << (c.mild ? "TrimDocument2 " : "TrimDocument ") << c.path);
     ComPtr<_Transport> transport = Create<_Transport>(CLSID_Transport);
-    ComPtr<IXMLDOMDocument> document = Create<IXMLDOMDocument>(L"Msxml2.DOMDocument.6.0", IID_IXMLDOMDocument);
+    ComPtr<IXMLDOMDocument> dom = Create<IXMLDOMDocument>(L"Msxml2.DOMDocument.6.0", IID_IXMLDOMDocument);
     ASSERT_TRUE(transport);
-    ASSERT_TRUE(document);
-    Bstr text(kDocument);
+    ASSERT_TRUE(dom);
+    Bstr text(document);
+    Bstr path(c.path);
     VARIANT_BOOL loaded = VARIANT_FALSE;
-    ASSERT_EQ(document->loadXML(text.get(), &loaded), S_OK);
-    ASSERT_EQ(loaded, VARIANT_TRUE);
-    ComPtr<IXMLDOMElement> root;
-    ASSERT_EQ(document->get_documentElement(root.put()), S_OK);
+    ComPtr<IXMLDOMNode> node;
+    ASSERT_EQ(dom->loadXML(text.get(), &loaded), S_OK);
+    ASSERT_EQ(dom->selectSingleNode(path.get(), node.put()), S_OK);
 
-    IDispatch* doc = document.get();
-    IDispatch* node = root.get();
-    VARIANT_BOOL kill = VARIANT_TRUE;
-    const HRESULT hr = c.mild ? transport->TrimDocument2(&doc, &node, &kill) : transport->TrimDocument(&doc, &node, &kill);
-    ASSERT_EQ(hr, S_OK) << testing::PrintToString(TakeErrorObject().description);
-    EXPECT_EQ(kill, VARIANT_FALSE) << "a node that had sub-components stays";
-    EXPECT_EQ(XmlOf(root.get()), c.expected);
+    IDispatch* doc = dom.get();
+    IDispatch* start = node.get();
+    VARIANT_BOOL kill = c.hr == S_OK && c.kill == VARIANT_TRUE ? VARIANT_FALSE : VARIANT_TRUE;  // changed on success
+    const HRESULT hr = c.mild ? transport->TrimDocument2(&doc, &start, &kill) : transport->TrimDocument(&doc, &start, &kill);
+    ASSERT_EQ(hr, c.hr);
+    EXPECT_EQ(kill, c.kill);
+    EXPECT_EQ(hr == S_OK ? XmlOf(node.get()) : TakeErrorObject().description, c.expected);
   }
-}
-
-TEST_F(TrimTest, ALeafMayGoAndAWrapperWithoutComponentFails) {
-  ComPtr<_Transport> transport = Create<_Transport>(CLSID_Transport);
-  ComPtr<IXMLDOMDocument> document = Create<IXMLDOMDocument>(L"Msxml2.DOMDocument.6.0", IID_IXMLDOMDocument);
-  ASSERT_TRUE(transport);
-  ASSERT_TRUE(document);
-  Bstr text(L"<R><A><PROPERTIES/></A><B><COMPONENT/></B></R>");
-  VARIANT_BOOL loaded = VARIANT_FALSE;
-  ASSERT_EQ(document->loadXML(text.get(), &loaded), S_OK);
-  ComPtr<IXMLDOMNode> leaf;
-  ComPtr<IXMLDOMNode> broken;
-  Bstr leaf_path(L"/R/A");
-  Bstr broken_path(L"/R/B");
-  ASSERT_EQ(document->selectSingleNode(leaf_path.get(), leaf.put()), S_OK);
-  ASSERT_EQ(document->selectSingleNode(broken_path.get(), broken.put()), S_OK);
-
-  IDispatch* doc = document.get();
-  IDispatch* node = leaf.get();
-  VARIANT_BOOL kill = VARIANT_FALSE;
-  ASSERT_EQ(transport->TrimDocument(&doc, &node, &kill), S_OK);
-  EXPECT_EQ(kill, VARIANT_TRUE);
-
-  node = broken.get();
-  EXPECT_EQ(transport->TrimDocument(&doc, &node, &kill), static_cast<HRESULT>(0x800A005B));
-  EXPECT_EQ(TakeErrorObject().description,
-            L"TrimDocument: TrimDocument: Object variable or With block variable not set")
-      << "one prefix per level";
 }
 
 }  // namespace

@@ -5,26 +5,16 @@ Dim passed, failed
 passed = 0
 failed = 0
 
-Function Describe(value)
-  If IsObject(value) Then
-    Describe = "object " & TypeName(value)
-  ElseIf IsNull(value) Then
-    Describe = "Null"
-  Else
-    Describe = TypeName(value) & " '" & CStr(value) & "'"
-  End If
-End Function
-
 Sub Check(name, actual, expected)
   If actual = expected Then
     passed = passed + 1
   Else
     failed = failed + 1
-    WScript.Echo "FAIL " & name & ": got " & Describe(actual) & ", expected " & Describe(expected)
+    WScript.Echo "FAIL " & name & ": got " & TypeName(actual) & " '" & actual & "', expected '" & expected & "'"
   End If
 End Sub
 
-' The subtype as VarType tells it: 2 Integer, 3 Long, 8 String, 9 Object, 11 Boolean.
+' The subtype as VarType tells it: 3 Long, 8 String, 11 Boolean.
 Sub CheckType(name, value, expected)
   Check name & " (VarType)", VarType(value), expected
 End Sub

@@ -10,6 +10,7 @@
 
 namespace varnex::client {
 namespace {
+
 // A DataCollectionSource over SampleCollection with the column types text, text and Boolean.
 ComPtr<_DataCollectionSource> SampleSource() {
   ComPtr<_DataCollectionSource> source = Create<_DataCollectionSource>(CLSID_DataCollectionSource);
@@ -71,7 +72,6 @@ class RecordingListener final : public OLEDBSimpleProviderListener, public DataS
     return S_OK;
   }
 };
-
 
 constexpr DBROWCOUNT kGarbage = static_cast<DBROWCOUNT>(0x5A5A5A5A5A5A5A5AULL);
 

@@ -162,4 +162,17 @@ Check "a loaded document is given out whole", copy.TransportDoc, copy.GenerateTr
 Check "the short form holds the new component", InStr(copy.GenerateTransportDoc(1), "<SIZE") > 0, True
 Check "ResetStatus", t.ResetStatus, 0
 
+' Any Long passes where an enumeration is declared: a mode the document does not know gives no
+' text, an unknown status adds a normal component, and variables holding values out of range
+' are read and written back whole.
+Dim odd, oddName, oddStatus, oddType
+Set odd = CreateObject("Varnex.Transport")
+Check "an unknown transport mode", odd.GenerateTransportDoc(99), ""
+Call odd.AddComponent(0, "Odd", 7)
+Check "an unknown status", odd.GetComponentStatus(1), 0
+oddStatus = -32768
+oddType = 2147483647
+Check "out-of-range variables", odd.GetComponent(1, oddName, oddStatus, oddType), 1
+Check "written back", oddName & " " & oddStatus & " " & oddType, "ODD 0 0"
+
 Finish

@@ -200,6 +200,19 @@ HRESULT DefaultValue(IUnknown* object, VARIANT& out) {
   return S_OK;
 }
 
+// Converts an object's default value with convert; an object as the default value is refused.
+template <typename Convert>
+HRESULT WithDefaultValue(IUnknown* object, Convert&& convert) {
+  VARIANT fetched;
+  HRESULT hr = DefaultValue(object, fetched);
+  if (FAILED(hr)) return hr;
+  hr = fetched.vt == VT_DISPATCH || fetched.vt == VT_UNKNOWN ? DISP_E_TYPEMISMATCH : convert(fetched);
+  VariantClear(&fetched);
+  return hr;
+}
+
+HRESULT ToText(const VARIANT& value, BSTR& out);
+
 HRESULT NumberOf(const VARIANT& value, Number& out) {
   switch (value.vt) {
     case VT_EMPTY: out = {}; return S_OK;
@@ -241,14 +254,8 @@ HRESULT NumberOf(const VARIANT& value, Number& out) {
       if (ParseDate(text, date)) return out = {false, 0, date}, S_OK;
       return DISP_E_TYPEMISMATCH;
     }
-    case VT_DISPATCH: case VT_UNKNOWN: {
-      VARIANT fetched;
-      HRESULT hr = DefaultValue(value.punkVal, fetched);
-      if (FAILED(hr)) return hr;
-      hr = fetched.vt == VT_DISPATCH || fetched.vt == VT_UNKNOWN ? DISP_E_TYPEMISMATCH : NumberOf(fetched, out);
-      VariantClear(&fetched);
-      return hr;
-    }
+    case VT_DISPATCH: case VT_UNKNOWN:
+      return WithDefaultValue(value.punkVal, [&](const VARIANT& fetched) { return NumberOf(fetched, out); });
     default: return DISP_E_TYPEMISMATCH;
   }
 }
@@ -288,14 +295,8 @@ HRESULT ToText(const VARIANT& value, BSTR& out) {
       if (value.decVal.scale > 28) return E_INVALIDARG;
       text = ScaledText(DecimalMantissa(value.decVal), value.decVal.scale);
       break;
-    case VT_DISPATCH: case VT_UNKNOWN: {
-      VARIANT fetched;
-      HRESULT hr = DefaultValue(value.punkVal, fetched);
-      if (FAILED(hr)) return hr;
-      hr = fetched.vt == VT_DISPATCH || fetched.vt == VT_UNKNOWN ? DISP_E_TYPEMISMATCH : ToText(fetched, out);
-      VariantClear(&fetched);
-      return hr;
-    }
+    case VT_DISPATCH: case VT_UNKNOWN:
+      return WithDefaultValue(value.punkVal, [&](const VARIANT& fetched) { return ToText(fetched, out); });
     default: {
       Number number;
       const HRESULT hr = NumberOf(value, number);

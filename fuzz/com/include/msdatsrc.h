@@ -1,10 +1,3 @@
-// mingw-w64's msdatsrc.h, read with wine's headers: its two mingw-only type names spelled natively.
-#include <windows.h>
-#ifndef __LONG32
-#define __LONG32 int
-#endif
-#ifndef VARNEX_WINBOOL
-#define VARNEX_WINBOOL
-typedef BOOL WINBOOL;
-#endif
+// mingw-w64's msdatsrc.h, read with wine's headers.
+#include "mingw_names.h"
 #include_next <msdatsrc.h>

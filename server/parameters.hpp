@@ -2,8 +2,10 @@
 // and in/out parameters read on entry and written back when the call succeeds.
 #pragma once
 
+#include <cstring>
 #include <exception>
 #include <string>
+#include <type_traits>
 
 #include <windows.h>
 #include <oleauto.h>
@@ -14,6 +16,22 @@
 #include "strings.hpp"
 
 namespace varnex::server {
+
+// The interfaces' enumerations are plain C enums whose values are only their named constants,
+// while a caller may pass any Long for them: such a value is copied as the Long it is, never
+// loaded or stored as the enumeration (which would be undefined for a value out of its range).
+template <typename ComEnum>
+  requires(std::is_enum_v<ComEnum> && sizeof(ComEnum) == sizeof(Long))
+Long LongOf(const ComEnum& value) {
+  Long raw;
+  std::memcpy(&raw, &value, sizeof raw);
+  return raw;
+}
+template <typename ComEnum>
+  requires(std::is_enum_v<ComEnum> && sizeof(ComEnum) == sizeof(Long))
+void StoreLong(ComEnum* target, Long value) {
+  std::memcpy(target, &value, sizeof value);
+}
 
 // Results ([out, retval]); the pointer holds nothing on entry.
 inline void PutResult(LONG* out, Long value) {
@@ -32,7 +50,7 @@ template <typename ComEnum, typename CoreEnum>
   requires(sizeof(ComEnum) == sizeof(Long))
 void PutResult(ComEnum* out, CoreEnum value) {
   RequirePointer(out);
-  *out = static_cast<ComEnum>(value);
+  StoreLong(out, static_cast<Long>(value));
 }
 
 // An in/out parameter: converts the caller's value on entry, and writes the core's value back
@@ -53,6 +71,8 @@ class InOut {
     RequirePointer(pointer);
     if constexpr (std::is_same_v<Com, BSTR>) {
       return ToUtf8(*pointer);
+    } else if constexpr (std::is_enum_v<Com>) {
+      return static_cast<Core>(LongOf(*pointer));
     } else {
       return static_cast<Core>(*pointer);
     }
@@ -60,6 +80,8 @@ class InOut {
   static void Write(Com* pointer, const Core& value) {
     if constexpr (std::is_same_v<Com, BSTR>) {
       StoreBstr(pointer, value);
+    } else if constexpr (std::is_enum_v<Com>) {
+      StoreLong(pointer, static_cast<Long>(value));
     } else {
       *pointer = static_cast<Com>(value);
     }

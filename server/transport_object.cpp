@@ -45,7 +45,7 @@ class TransportObject final : public ComObject<_Transport> {
                                          VARIANT* result) override {
     return Call([&] {
       RequirePointer(result);
-      ToVariant(Variant(transport_.AddComponent(lngParent, ToUtf8(strName), enComponentStatus(csStatus))), result);
+      ToVariant(Variant(transport_.AddComponent(lngParent, ToUtf8(strName), enComponentStatus(LongOf(csStatus)))), result);
     });
   }
   HRESULT STDMETHODCALLTYPE AddCollection(LONG lngParent, BSTR strCollectionName, LONG* result) override {
@@ -101,7 +101,7 @@ class TransportObject final : public ComObject<_Transport> {
                                             ::enComponentStatus enStatus, BSTR strPropOriginal, LONG* result) override {
     return Call([&] {
       PutResult(result, transport_.AddCompProperty(lngComponent, ToUtf8(strPropName), ToUtf8(strPropVal),
-                                                   enComponentStatus(enStatus), ToUtf8(strPropOriginal)));
+                                                   enComponentStatus(LongOf(enStatus)), ToUtf8(strPropOriginal)));
     });
   }
   HRESULT STDMETHODCALLTYPE CountCompProperties(LONG lngParent, LONG* result) override {
@@ -169,7 +169,7 @@ class TransportObject final : public ComObject<_Transport> {
   }
 
   HRESULT STDMETHODCALLTYPE GenerateTransportDoc(::enTransportMode tmMode, BSTR* result) override {
-    return Call([&] { PutResult(result, transport_.GenerateTransportDoc(enTransportMode(tmMode))); });
+    return Call([&] { PutResult(result, transport_.GenerateTransportDoc(enTransportMode(LongOf(tmMode)))); });
   }
   HRESULT STDMETHODCALLTYPE TrimDocument(IDispatch**, IDispatch** nNode, VARIANT_BOOL* boolKill) override {
     return Call([&] { TrimCallersTree(nNode, boolKill, false); });

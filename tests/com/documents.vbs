@@ -81,4 +81,17 @@ Check "DicKeyExists missing", t.DicKeyExists(dic, "B"), False
 Set nothingThere = Nothing
 Check "DicKeyExists without a dictionary", t.DicKeyExists(nothingThere, "A"), False
 
+' Any Long passes where an enumeration is declared: a mode the document does not know gives no
+' text, an unknown status adds a normal component, and variables holding values out of range
+' are read and written back whole.
+Dim odd, oddName, oddStatus, oddType
+Set odd = CreateObject("Varnex.Transport")
+Check "an unknown transport mode", odd.GenerateTransportDoc(99), ""
+Call odd.AddComponent(0, "Odd", 7)
+Check "an unknown status", odd.GetComponentStatus(1), 0
+oddStatus = -32768
+oddType = 2147483647
+Check "out-of-range variables", odd.GetComponent(1, oddName, oddStatus, oddType), 1
+Check "written back", oddName & " " & oddStatus & " " & oddType, "ODD 0 0"
+
 Finish

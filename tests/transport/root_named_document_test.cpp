@@ -43,6 +43,21 @@ TEST(RootNamedDocument, AnswersThatFitAreUnchanged) {
   EXPECT_GT(shortened.size(), t.TransportDoc().size());
 }
 
+TEST(RootNamedDocument, MergingItsOwnTextAddsATriangleOfComponents) {
+  // d levels: the merge takes each level's component once for itself and once more for every
+  // root-named level above it, d*(d+1)/2 in all, each a new top-level component.
+  for (const int levels : {1, 2, 5, 8}) {
+    SCOPED_TRACE(levels);
+    Transport t;
+    BuildRootNamedChain(t, levels);
+    const Long before = t.CountCompChildren(0);
+    ASSERT_EQ(before, levels);
+    t.MergeDocument(t.TransportDoc(), 0);
+    EXPECT_EQ(t.CountCompChildren(0) - before, levels * (levels + 1) / 2);
+    EXPECT_TRUE(Loads(t));
+  }
+}
+
 TEST(RootNamedDocument, LoadingAndMergingFailWithOutOfMemory) {
   const std::string text = RootNamedText(kLevels);
   Transport t;

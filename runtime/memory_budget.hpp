@@ -26,12 +26,18 @@ inline void Charge(std::uint64_t bytes) {
   if (state.spent > OperationMemoryBudget()) Exceeded();
 }
 
+// What the running operation may still build; outside every operation nothing is counted, and
+// there is no limit.
+inline std::uint64_t Left() {
+  if (state.depth == 0) return UINT64_MAX;
+  return OperationMemoryBudget() - std::min(state.spent, OperationMemoryBudget());
+}
+
 // Error 7 unless the running operation can still build `count` items of `cost` bytes each;
 // charges nothing (the items are charged as they are built).
 inline void Require(std::uint64_t count, std::uint64_t cost) {
   if (state.depth == 0) return;
-  const std::uint64_t left = OperationMemoryBudget() - std::min(state.spent, OperationMemoryBudget());
-  if (cost != 0 && count > left / cost) Exceeded();
+  if (cost != 0 && count > Left() / cost) Exceeded();
 }
 
 // Opens the budget for the outermost operation; nested operations share it.

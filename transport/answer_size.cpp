@@ -44,4 +44,15 @@ std::uint64_t WrappersTaken(const std::vector<pugi::xml_node>& selected,
   return taken;
 }
 
+WrapperTextCheck::WrapperTextCheck(const std::vector<pugi::xml_node>& selected, const NodeSet* left_out,
+                                   bool may_nest)
+    : selected_(selected), left_out_(left_out), left_(budget::Left()), counted_(may_nest) {
+  if (counted_) budget::Require(WrappersTaken(selected, left_out), kWrapperTextCost);
+}
+
+void WrapperTextCheck::Written(std::uint64_t size) const {
+  if (counted_ || size / kWrapperTextLeast <= left_ / kWrapperTextCost) return;
+  if (WrappersTaken(selected_, left_out_) > left_ / kWrapperTextCost) budget::Exceeded();
+}
+
 }  // namespace varnex

@@ -11,7 +11,6 @@
 // failure, which the copy then raises as it should.
 #include <cstring>
 
-#include "runtime/memory_budget.hpp"
 #include "runtime/trap.hpp"
 #include "runtime/xml.hpp"
 #include "transport/answer_size.hpp"
@@ -122,11 +121,14 @@ void CloseRoot(const std::string& root_name, std::string& text) {
   text += ">";
 }
 
-std::string WrapUnderRoot(const std::string& root_name, const std::vector<pugi::xml_node>& wrappers) {
-  budget::Require(WrappersTaken(wrappers), kWrapperTextCost);
+// `may_nest` unless the wrappers are known to stand apart: the own root's children, while no
+// other element is named like the root.
+std::string WrapUnderRoot(const std::string& root_name, const std::vector<pugi::xml_node>& wrappers, bool may_nest) {
+  const WrapperTextCheck check(wrappers, nullptr, may_nest);
   std::string text = OpenRoot(root_name);
   for (const pugi::xml_node wrapper : wrappers) xml::SerializeTo(wrapper, text);
   CloseRoot(root_name, text);
+  check.Written(text.size());
   return text;
 }
 
@@ -142,13 +144,14 @@ bool WriteShortForm(Transport::Impl& impl, std::string& text) {
       return false;
     };
     const std::vector<pugi::xml_node> wrappers = impl.OwnRootWrappers();
-    budget::Require(WrappersTaken(wrappers, &marks.removed), kWrapperTextCost);
+    const WrapperTextCheck check(wrappers, &marks.removed, impl.upkeep.OddSections());
     TagWriter tags;
     text = OpenRoot(impl.root_name);
     for (const pugi::xml_node wrapper : wrappers) {
       if (!removed(wrapper)) WriteKept(wrapper, marks, tags, text);
     }
     CloseRoot(impl.root_name, text);
+    check.Written(text.size());
     return AsReloaded(text);
   } catch (const AutomationError& error) {
     if (error.number() == errOutOfMemory) throw;  // the working copy would need as much
@@ -168,7 +171,7 @@ bool WriteMediumForm(Transport::Impl& impl, std::string& text) {
       }
       break;
     }
-    text = WrapUnderRoot(impl.root_name, impl.OwnRootWrappers());
+    text = WrapUnderRoot(impl.root_name, impl.OwnRootWrappers(), impl.upkeep.OddSections());
     return AsReloaded(text);
   } catch (const AutomationError&) {
     return false;
@@ -198,7 +201,7 @@ std::string Transport::Impl::GetModifiedXML() {
     pugi::xml_node copy_root = SelectFirstNamed(copy, root_name);
     Boolean kill = vbFalse;
     self().TrimDocument(copy, copy_root, kill);
-    return WrapUnderRoot(root_name, SelectRootWrappers(copy, root_name));
+    return WrapUnderRoot(root_name, SelectRootWrappers(copy, root_name), true);
   });
 }
 
@@ -212,7 +215,7 @@ std::string Transport::Impl::GetModifiedXML2() {
       // own invalid-argument error.
       throw AutomationError::Runtime(errInvalidProcedureCall);
     }
-    return WrapUnderRoot(root_name, SelectRootWrappers(copy, root_name));
+    return WrapUnderRoot(root_name, SelectRootWrappers(copy, root_name), true);
   });
 }
 

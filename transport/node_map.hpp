@@ -70,22 +70,19 @@ class NodeMap {
   std::size_t used_ = 0;
 };
 
-// A set of node addresses, remembered in the order they were added as well.
+// A set of node addresses.
 class NodeSet {
  public:
   // True when the key was not in the set yet.
   bool Insert(const void* key) {
     bool made = false;
     map_.Find(key, made);
-    if (made) order_.push_back(key);
     return made;
   }
   bool Contains(const void* key) const { return map_.Get(key) != nullptr; }
-  const std::vector<const void*>& InOrder() const { return order_; }
 
  private:
   NodeMap<char> map_;
-  std::vector<const void*> order_;
 };
 
 }  // namespace varnex

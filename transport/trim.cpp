@@ -48,7 +48,14 @@ struct Recording {
     }
     return true;
   }
-  void Remove(pugi::xml_node, pugi::xml_node child) const { marks.removed.Insert(child.internal_object()); }
+  // The parent and its ancestors lose a descendant: noted while the walk stands there, so that
+  // the removed nodes need no second visit.
+  void Remove(pugi::xml_node parent, pugi::xml_node child) const {
+    marks.removed.Insert(child.internal_object());
+    for (pugi::xml_node above = parent; above; above = above.parent()) {
+      if (!marks.changed.Insert(above.internal_object())) break;
+    }
+  }
 };
 
 }  // namespace
@@ -66,14 +73,7 @@ void Transport::TrimDocument2(pugi::xml_document&, pugi::xml_node& nNode, Boolea
 bool Transport::Impl::MarkTrim(pugi::xml_node node, TrimMarks& marks) {
   Boolean kill = vbFalse;
   PugiDom dom;
-  if (!trim::TrimWalk(dom, node, kill, false, Recording{marks})) return false;
-  for (const void* removed : marks.removed.InOrder()) {
-    const pugi::xml_node node(static_cast<pugi::xml_node_struct*>(const_cast<void*>(removed)));
-    for (pugi::xml_node above = node.parent(); above; above = above.parent()) {
-      if (!marks.changed.Insert(above.internal_object())) break;
-    }
-  }
-  return true;
+  return trim::TrimWalk(dom, node, kill, false, Recording{marks});
 }
 
 Long Transport::Impl::HasModifications(pugi::xml_node node) {

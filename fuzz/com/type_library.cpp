@@ -421,7 +421,7 @@ HRESULT CallSlot(void* function, void* object, const Word* words, std::index_seq
 template <std::size_t... N>
 HRESULT CallWithCount(void* function, void* object, const Word* words, std::size_t count, std::index_sequence<N...>) {
   HRESULT hr = E_INVALIDARG;
-  ((count == N ? (hr = CallSlot(function, object, words, std::make_index_sequence<N>{}), true) : false) || ...);
+  (void)((count == N ? (hr = CallSlot(function, object, words, std::make_index_sequence<N>{}), true) : false) || ...);
   return hr;
 }
 

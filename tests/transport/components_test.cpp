@@ -132,6 +132,7 @@ TEST(FindingComponents, FindsByNameInAnyCaseThroughXPath) {
   EXPECT_EQ(t.FindChildCompByName(visits, "visit"), visit);
   EXPECT_EQ(t.FindChildCompByName(site, "visit"), 0) << "only direct children";
   EXPECT_EQ(t.FindChildCompByName(visit, "x"), 0);
+  EXPECT_EQ(t.FindChildCompByName(visit, "two words"), 0) << "no children: the name is not even read";
   EXPECT_EQ(t.FindChildCompByName(0, "*"), site) << "the name is an XPath step";
   const auto error = testing::ErrorOf([&] { t.FindChildCompByName(0, "two words"); });
   EXPECT_EQ(error.number(), errXml);

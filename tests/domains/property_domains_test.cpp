@@ -21,6 +21,7 @@ TEST(PropertyDomains, HandlesInterleaveWithComponentHandles) {
   EXPECT_EQ(transport.CountPropDomains(), 2);
   EXPECT_EQ(transport.AddComponent(4, "D"), 6);
   EXPECT_EQ(transport.FindPropDomainByPropName("state"), 1);
+  EXPECT_EQ(transport.FindPropDomainByPropName("1"), 0) << "names and handles have keys of their own";
 
   std::string domain = "kept";
   EXPECT_EQ(transport.GetPropDomain(5, domain), "COLOUR");

@@ -38,6 +38,9 @@ inline std::string Components(Transport& transport) {
   return text;
 }
 
+// A component's element as text.
+inline std::string Xml(Transport& transport, Long handle) { return xml::Serialize(Internals(transport).NodeOf(handle)); }
+
 inline std::size_t Occurrences(const std::string& text, const std::string& part) {
   std::size_t count = 0;
   for (auto at = text.find(part); at != std::string::npos; at = text.find(part, at + part.size())) ++count;

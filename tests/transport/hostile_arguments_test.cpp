@@ -1,24 +1,18 @@
 // Arguments a host may pass on from the other side of an exchange: fragments that cannot be
 // attached, text with NUL characters, the handle counter at its end, handles and positions far
 // out of range.
-#include <gtest/gtest.h>
-
 #include <functional>
 #include <limits>
 #include <string>
 #include <vector>
 
-#include "runtime/xml.hpp"
-#include "support/errors.hpp"
-#include "support/internals.hpp"
-#include "varnex/varnex.hpp"
+#include "transport/exchange_fixture.hpp"
 
 namespace varnex {
 namespace {
 
 using testing::ErrorOf;
-
-std::string Xml(Transport& t, Long handle) { return xml::Serialize(testing::Internals(t).NodeOf(handle)); }
+using testing::Xml;
 
 TEST(HostileArguments, AttachmentsThatCannotStandInsideAnElementAddNothing) {
   struct Case {

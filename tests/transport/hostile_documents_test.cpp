@@ -115,6 +115,9 @@ TEST(HostileDocuments, HundredThousandLevelsLoadMergeAndReadBack) {
   EXPECT_EQ(t.CountCompChildren(kLevels - 1), 1);
   EXPECT_EQ(t.MergeDocument(text, kLevels), 1);
   EXPECT_EQ(t.CountCompChildren(kLevels), 1);
+  std::string value, original;
+  enComponentStatus status;
+  EXPECT_EQ(t.GetCompProperty(2 * kLevels, 1, value, status, original) + value, "Vx");
   EXPECT_EQ(t.FindChildCompByName(kLevels - 1, "N"), kLevels);
   EXPECT_NE(t.GetComponentXML(1).size(), 0u);
   EXPECT_EQ(t.ChildOfCollection(kLevels), "");

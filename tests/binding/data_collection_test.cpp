@@ -58,16 +58,16 @@ TEST(DataCollectionTest, TheFirstCollectionUnderTheRootGivesTheItems) {
   EXPECT_EQ(walked, (std::vector<std::shared_ptr<Collection>>{data->Item(1), data->Item(2)}));
 }
 
-// Deleted items are included with their current values.
+// Deleted items are included with their current values, after the live ones.
 TEST(DataCollectionTest, OnlyTheFirstItemNamesTheColumnsAndDeletedItemsAreIncluded) {
   DataCollection data;
   data.Data(Document(Rows("ROWS", Row({{"A", "1"}, {"B", "2"}}) + Row({{"B", "3"}, {"C", "4"}}, " STATUS=\"DELETED\"") +
                                       Row({}) + "<COMPONENT><ROW STATUS=\"DELETED\"><PROPERTIES>"
                                       "<A STATUS=\"MODIFIED\" ORIGINAL=\"before\">after</A></PROPERTIES></ROW></COMPONENT>")));
   EXPECT_EQ((std::vector<std::string>{"A", "B"}), Columns(data));
-  EXPECT_EQ(Values(data), (std::vector<std::vector<std::string>>{{"1", "2"}, {"3", "4"}, {}, {"after"}}));
-  EXPECT_EQ(data.Item(2)->Item("C").AsString(), "4");
-  EXPECT_AUTOMATION_ERROR(data.Item(2)->Item("A"), errInvalidProcedureCall, "Invalid procedure call or argument");
+  EXPECT_EQ(Values(data), (std::vector<std::vector<std::string>>{{"1", "2"}, {}, {"3", "4"}, {"after"}}));
+  EXPECT_EQ(data.Item(3)->Item("C").AsString(), "4");
+  EXPECT_AUTOMATION_ERROR(data.Item(3)->Item("A"), errInvalidProcedureCall, "Invalid procedure call or argument");
 }
 
 TEST(DataCollectionTest, EachLoadReplacesTheLastAndAFailedOneLeavesNothing) {

@@ -153,6 +153,8 @@ TEST(GridBindingTest, FailuresBeforeRestoringAreTheBindingErrorLaterOnesAreIgnor
   FakeGrid odd("VSFlexGrid", 3, 1);
   odd.types[0] = Variant("text");  // no number
   binding_error(odd, *data);
+  FakeGrid wide("VSFlexGrid", 32769, 1);  // its last column index overflows a 16-bit integer
+  binding_error(wide, *data);
   DataCollection unshared;  // the grid could not keep it
   FakeGrid grid("VSFlexGrid", 3, 1);
   binding_error(grid, unshared);

@@ -122,6 +122,9 @@ TEST(XmlDocument, SetTextKeepsCutOutChildrenAlive) {
   EXPECT_EQ(Serialize(a), "<A/>");
   EXPECT_EQ(doc.SetText(a, "again"), XmlDocument::TextChange::TextNodes);
   EXPECT_EQ(Text(a), "again");
+  doc.AppendElement(a, "C");  // text beside an element is no lone text
+  EXPECT_EQ(doc.SetText(a, "mixed"), XmlDocument::TextChange::Elements);
+  EXPECT_EQ(Serialize(a), "<A>mixed</A>");
 }
 
 }  // namespace

@@ -1,71 +1,59 @@
+// The provider over an item collection, and the source that loads one per request.
 #include "varnex/data_collection_provider.hpp"
 
 #include <gtest/gtest.h>
 
-#include "binding/fake_data_collection.hpp"
+#include "binding/documents.hpp"
 #include "support/provider_cells.hpp"
+#include "varnex/data_collection_source.hpp"
 
 namespace varnex {
 namespace {
 
-using testing::FakeDataCollection;
+using testing::Loaded;
 using testing::People;
 using testing::Row;
+using testing::ProviderCells;
+using Cells = std::vector<std::vector<std::string>>;
 
 const std::vector<Long> kNoTypes{};
 
-std::vector<std::string> Header(DataCollectionProvider& provider) {
-  std::vector<std::string> names;
-  for (Long column = 1; column <= provider.getColumnCount(); ++column) {
-    names.push_back(provider.getVariant(0, column, 0).AsString());
-  }
-  return names;
-}
-
 TEST(DataCollectionProviderTest, ColumnsComeFromTheFieldListOrTheCollectionsNames) {
   DataCollectionProvider provider;
-  provider.LoadData(People(), kNoTypes, "name, code,,Active");
-  // Split at every comma, blanks and empty pieces kept, upper-cased.
-  EXPECT_EQ((std::vector<std::string>{"NAME", " CODE", "", "ACTIVE"}), Header(provider));
-  EXPECT_EQ(provider.getVariant(1, 1, 0), Variant("Ann"));
-  EXPECT_EQ(provider.getVariant(2, 4, 0), Variant("no"));
-  // " CODE" and "" are no keys of the items: those cells read as Empty.
+  // Split at every comma, blanks and empty pieces kept, upper-cased; " CODE" and "" are no keys
+  // of the items: those cells read as Empty. The type list is positional.
+  provider.LoadData(People(), std::vector<Long>{vbString, vbString, vbString, vbBoolean}, "name, code,,Active");
+  EXPECT_EQ(ProviderCells(provider), (Cells{{"NAME", " CODE", "", "ACTIVE"},
+                                            {"Ann", "", "", "True"},
+                                            {"Bob", "", "", "False"},
+                                            {"Cy", "", "", "True"}}));
   EXPECT_TRUE(provider.getVariant(1, 2, 0).IsEmpty());
-  EXPECT_TRUE(provider.getVariant(1, 3, 0).IsEmpty());
 
   provider.LoadData(People(), kNoTypes);
-  EXPECT_EQ((std::vector<std::string>{"NAME", "CODE", "ACTIVE"}), Header(provider));
+  EXPECT_EQ(ProviderCells(provider)[0], (std::vector<std::string>{"NAME", "CODE", "ACTIVE"}));
   EXPECT_EQ(provider.getVariant(3, 2, 0), Variant("C3"));
 
-  provider.LoadData(std::make_shared<FakeDataCollection>(std::vector<std::string>{}, std::vector<Row>{{}}), kNoTypes);
+  provider.LoadData(Loaded(testing::Rows("ROWS", Row({}))), kNoTypes);
   EXPECT_EQ(provider.getColumnCount(), 0);
   EXPECT_EQ(provider.getRowCount(), 1);
 }
 
 TEST(DataCollectionProviderTest, BooleanColumnsReadYesOneAndTrueAsTrue) {
   const std::vector<std::string> values{"yes", "YES", "1", "True", "tRuE", "no", "0", "Y", "", "-1", " yes"};
-  std::vector<Row> rows;
-  for (const std::string& value : values) rows.push_back({{"Flag", value}, {"Text", value}});
-  const auto data = std::make_shared<FakeDataCollection>(std::vector<std::string>{"Flag", "Text"}, rows);
+  std::string rows;
+  for (const std::string& value : values) rows += Row({{"Flag", value}, {"Text", value}});
   DataCollectionProvider provider;
-  // The type list is positional: its first element is column 1; column 2 has no type at all.
-  provider.LoadData(data, std::vector<Long>{vbBoolean});
+  provider.LoadData(Loaded(testing::Rows("ROWS", rows)), std::vector<Long>{vbBoolean});  // column 2 has no type
   for (std::size_t i = 0; i < values.size(); ++i) {
     const Long row = static_cast<Long>(i + 1);
     EXPECT_EQ(provider.getVariant(row, 1, 0), Variant::FromBoolean(i < 5 ? vbTrue : vbFalse)) << values[i];
     EXPECT_EQ(provider.getVariant(row, 2, 0), Variant(values[i]));
   }
-  EXPECT_EQ(provider.getVariant(0, 1, 0), Variant("FLAG"));
-
-  provider.LoadData(data, std::vector<Long>{vbString, vbBoolean});
-  EXPECT_EQ(provider.getVariant(1, 1, 0), Variant("yes"));
-  EXPECT_EQ(provider.getVariant(1, 2, 0), Variant::FromBoolean(vbTrue));
 }
 
 TEST(DataCollectionProviderTest, CellsOutsideTheTableAreBlankOrEmptyNeverErrors) {
   DataCollectionProvider provider;
-  EXPECT_EQ(provider.getRowCount(), 0);
-  EXPECT_EQ(provider.getColumnCount(), 0);
+  EXPECT_EQ(provider.getRowCount() + provider.getColumnCount(), 0);
   EXPECT_TRUE(provider.getVariant(1, 1, 0).IsEmpty());
 
   provider.LoadData(People(), kNoTypes);
@@ -94,9 +82,8 @@ TEST(DataCollectionProviderTest, LoadFailuresRaiseTheClassErrorOnly) {
   EXPECT_EQ(provider.getVariant(1, 1, 0), Variant("Ann"));
 
   expect_load_error([&] { provider.LoadData(nullptr, kNoTypes); });
-  struct BrokenNames : FakeDataCollection {
-    BrokenNames() : FakeDataCollection({"A"}, {}) {}
-    Long CountPropertyNames() override { return 2; }  // one more than PropertyNames knows
+  struct BrokenNames : DataCollection {
+    Long CountPropertyNames() override { return 1; }  // one more than PropertyNames knows
   };
   expect_load_error([&] { provider.LoadData(std::make_shared<BrokenNames>(), kNoTypes); });
 }
@@ -133,23 +120,29 @@ TEST(DataCollectionProviderTest, RemovingAListenerWalksPastTheEndAfterARemoval) 
   provider.addOLEDBSimpleProviderListener(second);
   provider.removeOLEDBSimpleProviderListener(second);
   provider.removeOLEDBSimpleProviderListener(first);
-
-  // Nothing the provider does notifies anyone.
-  provider.addOLEDBSimpleProviderListener(first);
-  provider.LoadData(People(), kNoTypes);
-  provider.setVariant(1, 1, 0, Variant("x"));
-  provider.deleteRows(1, 1);
-  provider.insertRows(1, 1);
 }
 
-TEST(DataCollectionProviderTest, ReadsAsATableOfTheHeaderAndEveryRow) {
-  DataCollectionProvider provider;
-  provider.LoadData(People(), std::vector<Long>{vbString, vbString, vbBoolean}, "Name,Active,Active");
-  using Rows = std::vector<std::vector<std::string>>;
-  EXPECT_EQ(testing::ProviderCells(provider), (Rows{{"NAME", "ACTIVE", "ACTIVE"},
-                                                    {"Ann", "yes", "True"},
-                                                    {"Bob", "no", "False"},
-                                                    {"Cy", "TRUE", "True"}}));
+TEST(DataCollectionSourceTest, EachRequestLoadsAFreshProviderWithTheSettingsOfTheMoment) {
+  DataCollectionSource source;
+  EXPECT_AUTOMATION_ERROR_FROM(source.GetDataMember(), errClass, "DataCollectionSource", "DataSource contains no data.");
+  source.Data(People());
+  // Types never set fail the load; an empty list is a list that was set.
+  EXPECT_AUTOMATION_ERROR_FROM(source.GetDataMember(), errClass, "DataCollectionProvider",
+                               "Error Loading Data into Provider.");
+  source.DataTypes({});
+  EXPECT_EQ(source.GetDataMember()->getRowCount(), 3);
+  source.DataTypes({vbString, vbBoolean});
+  const auto by_names = source.GetDataMember();
+  EXPECT_EQ(ProviderCells(*by_names)[1], (std::vector<std::string>{"Ann", "False", "yes"}));  // "A1" is no Boolean word
+
+  std::vector<Long> types{vbBoolean};
+  source.Fields("Active,Name");
+  source.DataTypes(types);
+  types[0] = vbString;  // the source holds its own copy
+  const auto by_fields = source.GetDataMember("any name");
+  EXPECT_NE(by_fields, by_names);
+  EXPECT_EQ(ProviderCells(*by_fields), (Cells{{"ACTIVE", "NAME"}, {"True", "Ann"}, {"False", "Bob"}, {"True", "Cy"}}));
+  EXPECT_EQ(by_names->getColumnCount(), 3);
 }
 
 }  // namespace

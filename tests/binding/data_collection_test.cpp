@@ -2,31 +2,17 @@
 
 #include <gtest/gtest.h>
 
-#include <utility>
 #include <vector>
 
-#include "support/provider_cells.hpp"
-#include "support/errors.hpp"
-#include "varnex/data_collection_source.hpp"
+#include "binding/documents.hpp"
 
 namespace varnex {
 namespace {
 
-using Properties = std::vector<std::pair<std::string, std::string>>;
-
-std::string Document(const std::string& body) { return "<TALVEN><DOMAIN/><PROPERTY_DOMAINS/>" + body + "</TALVEN>"; }
-
-// A wrapper and its name element; `properties` as property elements, `more` after them.
-std::string Wrapped(const std::string& wrapper, const std::string& name, const Properties& properties,
-                    const std::string& attributes = "", const std::string& more = "") {
-  std::string text = "<" + wrapper + "><" + name + attributes + "><PROPERTIES>";
-  for (const auto& [property, value] : properties) text += "<" + property + ">" + value + "</" + property + ">";
-  return text + "</PROPERTIES>" + more + "</" + name + "></" + wrapper + ">";
-}
-std::string Row(const Properties& properties, const std::string& attributes = "") {
-  return Wrapped("COMPONENT", "ROW", properties, attributes);
-}
-std::string Rows(const std::string& name, const std::string& members) { return Wrapped("COLLECTION", name, {}, "", members); }
+using testing::Document;
+using testing::Row;
+using testing::Rows;
+using testing::Wrapped;
 
 std::vector<std::vector<std::string>> Values(const DataCollection& data) {
   std::vector<std::vector<std::string>> rows;
@@ -72,22 +58,16 @@ TEST(DataCollectionTest, TheFirstCollectionUnderTheRootGivesTheItems) {
   EXPECT_EQ(walked, (std::vector<std::shared_ptr<Collection>>{data->Item(1), data->Item(2)}));
 }
 
-TEST(DataCollectionTest, OnlyTheFirstItemNamesTheColumns) {
+// Deleted items are included with their current values, after the live ones.
+TEST(DataCollectionTest, OnlyTheFirstItemNamesTheColumnsAndDeletedItemsAreIncluded) {
   DataCollection data;
-  data.Data(Document(Rows("ROWS", Row({{"A", "1"}, {"B", "2"}}) + Row({{"B", "3"}, {"C", "4"}}) + Row({}))));
-  EXPECT_EQ((std::vector<std::string>{"A", "B"}), Columns(data));
-  EXPECT_EQ(Values(data), (std::vector<std::vector<std::string>>{{"1", "2"}, {"3", "4"}, {}}));
-  EXPECT_EQ(data.Item(2)->Item("C").AsString(), "4");
-  EXPECT_AUTOMATION_ERROR(data.Item(2)->Item("A"), errInvalidProcedureCall, "Invalid procedure call or argument");
-}
-
-TEST(DataCollectionTest, DeletedItemsAreIncludedWithTheirCurrentValues) {
-  DataCollection data;
-  data.Data(Document(Rows("ROWS", Row({{"A", "now"}}, " STATUS=\"MODIFIED\"") +
-                                      Wrapped("COMPONENT", "ROW", {}, " STATUS=\"DELETED\"", "") +
-                                      "<COMPONENT><ROW STATUS=\"DELETED\"><PROPERTIES>"
+  data.Data(Document(Rows("ROWS", Row({{"A", "1"}, {"B", "2"}}) + Row({{"B", "3"}, {"C", "4"}}, " STATUS=\"DELETED\"") +
+                                      Row({}) + "<COMPONENT><ROW STATUS=\"DELETED\"><PROPERTIES>"
                                       "<A STATUS=\"MODIFIED\" ORIGINAL=\"before\">after</A></PROPERTIES></ROW></COMPONENT>")));
-  EXPECT_EQ(Values(data), (std::vector<std::vector<std::string>>{{"now"}, {}, {"after"}}));
+  EXPECT_EQ((std::vector<std::string>{"A", "B"}), Columns(data));
+  EXPECT_EQ(Values(data), (std::vector<std::vector<std::string>>{{"1", "2"}, {}, {"3", "4"}, {"after"}}));
+  EXPECT_EQ(data.Item(3)->Item("C").AsString(), "4");
+  EXPECT_AUTOMATION_ERROR(data.Item(3)->Item("A"), errInvalidProcedureCall, "Invalid procedure call or argument");
 }
 
 TEST(DataCollectionTest, EachLoadReplacesTheLastAndAFailedOneLeavesNothing) {
@@ -106,16 +86,6 @@ TEST(DataCollectionTest, EachLoadReplacesTheLastAndAFailedOneLeavesNothing) {
     EXPECT_EQ(data.Count(), 0) << text;
     EXPECT_EQ(data.CountPropertyNames(), 0) << text;
   }
-}
-
-TEST(DataCollectionTest, ReadsAsATableThroughASourceAndItsProvider) {
-  const auto data = std::make_shared<DataCollection>();
-  data->Data(Document(kPeople));
-  DataCollectionSource source;
-  source.Data(data);
-  source.DataTypes({vbString, vbBoolean});
-  using Rows = std::vector<std::vector<std::string>>;
-  EXPECT_EQ(testing::ProviderCells(*source.GetDataMember()), (Rows{{"NAME", "PAID"}, {"Ann", "True"}, {"Bob", "False"}}));
 }
 
 }  // namespace

@@ -10,6 +10,7 @@ namespace varnex {
 namespace {
 
 using Texts = std::vector<std::string>;
+using Layout = std::vector<Texts>;  // widths, header texts, column types
 
 // A grid that records every call, answers only a grid's members (exact name and argument count)
 // and fails the test on any other call. Assigning its "DataSource" does what a bound grid does:
@@ -31,18 +32,12 @@ class FakeGrid : public LateBound {
     Record("Get " + member);
     if (member == "cols" && args.empty()) return static_cast<Long>(widths.size());
     if (member == "rows" && args.empty()) return rows;
-    if (member == "colwidth" && args.size() == 1) return widths.at(Column(args[0]));
-    if (member == "ColDataType" && args.size() == 1) return types.at(Column(args[0]));
-    if (member == "Cell" && IsHeaderCell(args)) return captions.at(Column(args[2]));
-    return Unexpected("Get " + member);
+    return Cell(member, args);
   }
 
   void Let(const std::string& member, const std::vector<Variant>& args, const Variant& value) override {
     Record("Let " + member);
-    if (member == "colwidth" && args.size() == 1) return void(widths.at(Column(args[0])) = value);
-    if (member == "ColDataType" && args.size() == 1) return void(types.at(Column(args[0])) = value);
-    if (member == "Cell" && IsHeaderCell(args)) return void(captions.at(Column(args[2])) = value);
-    Unexpected("Let " + member);
+    Cell(member, args) = value;
   }
 
   void Set(const std::string& member, const Variant& object) override {
@@ -62,10 +57,13 @@ class FakeGrid : public LateBound {
     }
   }
 
-  // How often a call was made before and after the data source was assigned.
-  std::pair<long, long> Count(const std::string& call) const {
-    const auto bound = std::find(calls.begin(), calls.end(), "Set DataSource");
-    return {std::count(calls.begin(), bound, call), std::count(bound, calls.end(), call)};
+  Layout Columns() const {
+    Layout layout;
+    for (const auto* values : {&widths, &captions, &types}) {
+      Layout::value_type& texts = layout.emplace_back();
+      for (const Variant& value : *values) texts.push_back(value.AsString());
+    }
+    return layout;
   }
 
   Texts calls;
@@ -81,15 +79,21 @@ class FakeGrid : public LateBound {
     calls.push_back(call);
     if (call == fail_on && (!fail_once_bound || source)) throw AutomationError::Runtime(errInvalidProcedureCall);
   }
+  // colwidth(i), ColDataType(i) and, on a grid with rows, Cell(0, 0, i): a column's slot.
+  Variant& Cell(const std::string& member, const std::vector<Variant>& args) {
+    std::vector<Variant>* values = member == "colwidth" ? &widths : member == "ColDataType" ? &types : nullptr;
+    if (values && args.size() == 1) return values->at(Column(args[0]));
+    if (member == "Cell" && args.size() == 3 && args[0] == Variant(0) && args[1] == Variant(0) && rows > 0) {
+      return captions.at(Column(args[2]));
+    }
+    return Unexpected(member);
+  }
   std::size_t Column(const Variant& index) const {
     const Long column = index.AsLong();
     if (column < 0 || column >= static_cast<Long>(widths.size())) throw AutomationError::Runtime(errSubscriptOutOfRange);
     return static_cast<std::size_t>(column);
   }
-  bool IsHeaderCell(const std::vector<Variant>& args) const {
-    return args.size() == 3 && args[0] == Variant(0) && args[1] == Variant(0) && rows > 0;
-  }
-  Variant Unexpected(const std::string& call) {
+  Variant& Unexpected(const std::string& call) {
     ADD_FAILURE() << "unexpected call: " << call;
     throw AutomationError::Runtime(errObjectRequired);
   }
@@ -97,13 +101,8 @@ class FakeGrid : public LateBound {
   std::string type_name_;
 };
 
-Texts TextsOf(const std::vector<Variant>& values) {
-  Texts texts;
-  for (const Variant& value : values) texts.push_back(value.AsString());
-  return texts;
-}
-
 const Texts kWidths{"1000", "1100", "1200"}, kCaptions{"Caption 0", "Caption 1", "Caption 2"}, kTypes{"8", "11", "8"};
+const Texts kNames{"A", "B", "C"};
 
 TEST(GridBindingTest, AGridKeepsItsWidthsHeadersAndTypes) {
   const auto data = std::make_shared<DataCollection>();
@@ -113,35 +112,20 @@ TEST(GridBindingTest, AGridKeepsItsWidthsHeadersAndTypes) {
   EXPECT_EQ(grid.source->Data(), data);
   EXPECT_EQ(grid.source->Fields(), "Name,Paid,Code");
   EXPECT_EQ(grid.source->DataTypes(), (std::vector<Long>{vbString, vbBoolean, vbString}));
-  EXPECT_EQ(TextsOf(grid.widths), kWidths);
-  EXPECT_EQ(TextsOf(grid.captions), kCaptions);
-  EXPECT_EQ(TextsOf(grid.types), kTypes);
-  // The layout is read before binding and written after it.
-  for (const char* member : {"colwidth", "Cell", "ColDataType"}) {
-    EXPECT_EQ(grid.Count(std::string("Get ") + member), std::pair(3L, 0L)) << member;
-    EXPECT_EQ(grid.Count(std::string("Let ") + member), std::pair(0L, 3L)) << member;
-  }
+  EXPECT_EQ(grid.Columns(), (Layout{kWidths, kCaptions, kTypes}));
 
   // Columns the grid did not have before keep what binding gave them.
   FakeGrid narrow("VSFlexGrid", 2, 1);
   data->BindToGrid(narrow, "A,B,C");
-  EXPECT_EQ(TextsOf(narrow.widths), (Texts{"1000", "1100", "-1"}));
-  EXPECT_EQ(TextsOf(narrow.captions), (Texts{"Caption 0", "Caption 1", "C"}));
-  EXPECT_EQ(TextsOf(narrow.types), (Texts{"8", "11", "0"}));
-}
-
-TEST(GridBindingTest, AGridWithoutRowsSavesAndRestoresNoHeaders) {
-  const auto data = std::make_shared<DataCollection>();
-  FakeGrid grid("VSFlexGrid", 3, 0);
-  EXPECT_EQ(data->BindToGrid(grid, "x,y,z"), vbFalse);
-  EXPECT_EQ(grid.Count("Get Cell"), std::pair(0L, 0L));
-  EXPECT_EQ(grid.Count("Let Cell"), std::pair(0L, 0L));
-  EXPECT_EQ(TextsOf(grid.captions), (Texts{"X", "Y", "Z"}));
-  EXPECT_EQ(TextsOf(grid.widths), kWidths);
+  EXPECT_EQ(narrow.Columns(), (Layout{{"1000", "1100", "-1"}, {"Caption 0", "Caption 1", "C"}, {"8", "11", "0"}}));
+  // A grid without rows saves and restores no header texts (the fake refuses Cell then).
+  FakeGrid empty("VSFlexGrid", 3, 0);
+  data->BindToGrid(empty, "x,y,z");
+  EXPECT_EQ(empty.Columns(), (Layout{kWidths, {"X", "Y", "Z"}, kTypes}));
 }
 
 TEST(GridBindingTest, OtherControlsAndGridsWithoutColumnsGetNoTypes) {
-  for (const auto& [name, cols] : {std::pair{"vsFlexGrid", 3}, {"VSFLEXGRID", 3}, {"ListView", 3}, {"VSFlexGrid", 0}}) {
+  for (const auto& [name, cols] : {std::pair{"vsFlexGrid", 3}, {"ListView", 3}, {"VSFlexGrid", 0}}) {
     const auto data = std::make_shared<DataCollection>();
     FakeGrid control(name, cols, 2);
     EXPECT_EQ(data->BindToGrid(control, "A,B"), vbFalse) << name;
@@ -164,27 +148,28 @@ TEST(GridBindingTest, FailuresBeforeRestoringAreTheBindingErrorLaterOnesAreIgnor
     FakeGrid grid("VSFlexGrid", 3, 1);
     grid.fail_on = failing;
     binding_error(grid, *data);
-    EXPECT_EQ(grid.Count("Let colwidth"), std::pair(0L, 0L)) << failing;
+    EXPECT_EQ(std::count(grid.calls.begin(), grid.calls.end(), "Let colwidth"), 0) << failing;
   }
   FakeGrid odd("VSFlexGrid", 3, 1);
   odd.types[0] = Variant("text");  // no number
   binding_error(odd, *data);
+  FakeGrid wide("VSFlexGrid", 32769, 1);  // its last column index overflows a 16-bit integer
+  binding_error(wide, *data);
   DataCollection unshared;  // the grid could not keep it
   FakeGrid grid("VSFlexGrid", 3, 1);
   binding_error(grid, unshared);
 
-  const std::vector<std::pair<const char*, std::vector<Texts>>> restoring = {
-      {"Let colwidth", {{"-1", "-1", "-1"}, kCaptions, kTypes}},
-      {"Let Cell", {kWidths, {"A", "B", "C"}, kTypes}},
-      {"Let ColDataType", {kWidths, kCaptions, {"0", "0", "0"}}},
-      {"Get rows", {kWidths, {"A", "B", "C"}, kTypes}},
-      {"Get cols", {{"-1", "-1", "-1"}, {"A", "B", "C"}, {"0", "0", "0"}}}};
+  const std::pair<const char*, Layout> restoring[] = {{"Let colwidth", {{"-1", "-1", "-1"}, kCaptions, kTypes}},
+                                                      {"Let Cell", {kWidths, kNames, kTypes}},
+                                                      {"Let ColDataType", {kWidths, kCaptions, {"0", "0", "0"}}},
+                                                      {"Get rows", {kWidths, kNames, kTypes}},
+                                                      {"Get cols", {{"-1", "-1", "-1"}, kNames, {"0", "0", "0"}}}};
   for (const auto& [failing, layout] : restoring) {
     FakeGrid bound("VSFlexGrid", 3, 1);
     bound.fail_on = failing;
     bound.fail_once_bound = true;
     EXPECT_EQ(data->BindToGrid(bound, "A,B,C"), vbFalse) << failing;
-    EXPECT_EQ((std::vector<Texts>{TextsOf(bound.widths), TextsOf(bound.captions), TextsOf(bound.types)}), layout) << failing;
+    EXPECT_EQ(bound.Columns(), layout) << failing;
   }
 }
 

@@ -9,6 +9,7 @@
 #include "cli/collection_view.hpp"
 #include "cli/component_path.hpp"
 #include "cli/failures.hpp"
+#include "support/provider_cells.hpp"
 #include "varnex/varnex.hpp"
 
 namespace varnex::cli {
@@ -30,15 +31,7 @@ std::vector<std::vector<std::string>> Cells(IDataCollection& data) {
   source->Data(std::shared_ptr<IDataCollection>(&data, [](IDataCollection*) {}));
   source->Fields("A,B,C");
   source->DataTypes({});
-  const std::shared_ptr<OLEDBSimpleProvider> provider = source->GetDataMember();
-  std::vector<std::vector<std::string>> rows;
-  for (Long row = 0; row <= provider->getRowCount(); ++row) {
-    std::vector<std::string>& cells = rows.emplace_back();
-    for (Long column = 1; column <= provider->getColumnCount(); ++column) {
-      cells.push_back(provider->getVariant(row, column, 0).AsString());
-    }
-  }
-  return rows;
+  return testing::ProviderCells(*source->GetDataMember());
 }
 
 TEST(CollectionViewTest, AnswersAsADataCollectionOfTheFirstCollection) {

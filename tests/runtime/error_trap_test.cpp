@@ -18,36 +18,23 @@ TEST(ErrorTrap, PrefixesKeepNumberAndSourceAndNest) {
   EXPECT_EQ(error.description(), "Outer: Inner: went wrong");
 }
 
-TEST(ErrorTrap, TranslatesObjectRequiredOnlyWhereAsked) {
-  const auto unknown = [] { throw AutomationError::Runtime(errObjectRequired); };
-  const auto translated = ErrorOf([&] { Trap{"AddComponent", kInvalidHandle}.Run(unknown); });
-  EXPECT_EQ(translated.number(), errObjectRequired);
-  EXPECT_EQ(translated.description(), "AddComponent: Invalid Handle");
-
-  const auto nested = ErrorOf([&] {
-    Trap{"GetCompChild", kInvalidHandle}.Run([&] { Trap{"CheckAndRebuildChildIndexes"}.Run(unknown); });
-  });
-  EXPECT_EQ(nested.description(), "GetCompChild: Invalid Handle") << "the translation replaces inner prefixes";
-
-  const auto plain = ErrorOf([&] { Trap{"ChiildOfCollection"}.Run(unknown); });
-  EXPECT_EQ(plain.description(), "ChiildOfCollection: Object required");
-
-  const auto other = ErrorOf([] {
-    Trap{"AddComponent", kInvalidHandle}.Run([] { throw AutomationError::Runtime(errObjectNotSet); });
-  });
-  EXPECT_EQ(other.description(), "AddComponent: Object variable or With block variable not set");
-}
-
-TEST(ErrorTrap, CanReplaceTheSource) {
-  const auto error = ErrorOf([] {
-    Trap{"AddCompPrototypeProperty", "Invalid Handle.", "Transport"}.Run(
-        [] { throw AutomationError::Runtime(errObjectRequired); });
-  });
+TEST(ErrorTrap, TranslatesObjectRequiredOnlyWhereAskedAndCanReplaceTheSource) {
+  const auto raise = [](Long number) { return [number] { throw AutomationError::Runtime(number); }; };
+  const std::pair<std::function<void()>, const char*> cases[] = {
+      {[&] { Trap{"AddComponent", kInvalidHandle}.Run(raise(errObjectRequired)); }, "AddComponent: Invalid Handle"},
+      // The translation replaces inner prefixes.
+      {[&] { Trap{"GetCompChild", kInvalidHandle}.Run([&] { Trap{"Inner"}.Run(raise(errObjectRequired)); }); },
+       "GetCompChild: Invalid Handle"},
+      {[&] { Trap{"ChiildOfCollection"}.Run(raise(errObjectRequired)); }, "ChiildOfCollection: Object required"},
+      {[&] { Trap{"AddComponent", kInvalidHandle}.Run(raise(errObjectNotSet)); },
+       "AddComponent: Object variable or With block variable not set"}};
+  for (const auto& [run, description] : cases) EXPECT_EQ(ErrorOf(run).description(), description);
+  const auto error = ErrorOf([&] { Trap{"AddCompPrototypeProperty", "Invalid Handle.", "Transport"}.Run(raise(424)); });
   EXPECT_EQ(error.source(), "Transport");
   EXPECT_EQ(error.description(), "AddCompPrototypeProperty: Invalid Handle.");
 }
 
-TEST(ErrorTrap, SwallowAndIgnoreAnswerWithoutRaising) {
+TEST(ErrorTrap, SwallowIgnoreAndClassErrors) {
   EXPECT_EQ(Swallow(0, []() -> int { throw AutomationError::Runtime(errSubscriptOutOfRange); }), 0);
   EXPECT_EQ(Swallow(0, [] { return 5; }), 5);
   bool reached = false;
@@ -56,9 +43,6 @@ TEST(ErrorTrap, SwallowAndIgnoreAnswerWithoutRaising) {
     throw AutomationError::Runtime(errTypeMismatch);
   });
   EXPECT_TRUE(reached);
-}
-
-TEST(RuntimeErrors, ClassErrorsCarryTheirNumberAndText) {
   const auto class_error = AutomationError::Class("Transport", "Invalid XML supplied.");
   EXPECT_EQ(class_error.number(), -2147220991);
   EXPECT_STREQ(class_error.what(), "Invalid XML supplied.");

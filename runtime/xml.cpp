@@ -81,13 +81,38 @@ struct StringWriter : pugi::xml_writer {
 
 constexpr unsigned kSerializeFlags = pugi::format_raw | pugi::format_no_declaration;
 
+// Whether the ">" at `end` is followed by white space and then "<".
+bool WhiteSpaceTextAfter(std::string_view text, std::size_t end) {
+  std::size_t next = end + 1;
+  while (next < text.size() && IsWhiteSpace(text[next])) ++next;
+  return next > end + 1 && next < text.size() && text[next] == '<';
+}
+
 }  // namespace
 
 bool MayHoldWhiteSpaceText(std::string_view text) {
-  for (std::size_t end = text.find('>'); end != std::string_view::npos; end = text.find('>', end + 1)) {
-    std::size_t next = end + 1;
-    while (next < text.size() && IsWhiteSpace(text[next])) ++next;
-    if (next > end + 1 && next < text.size() && text[next] == '<') return true;
+  // Most texts have no white space right after any ">". Blocks are first screened for such a pair
+  // without branching (which the compiler turns into vector code); only a block with one is
+  // looked at closely.
+  constexpr std::size_t kBlock = 64;
+  const auto* bytes = reinterpret_cast<const unsigned char*>(text.data());
+  std::size_t start = 0;
+  for (; start + kBlock < text.size(); start += kBlock) {
+    const unsigned char* block = bytes + start;
+    unsigned char pairs = 0;
+    for (int i = 0; i < static_cast<int>(kBlock); ++i) {
+      const unsigned char next = block[i + 1];
+      const unsigned char closes = block[i] == '>';
+      const unsigned char space = (next == ' ') + (next == '\t') + (next == '\r') + (next == '\n');
+      pairs |= closes & space;
+    }
+    if (pairs == 0) continue;
+    for (std::size_t i = start; i < start + kBlock; ++i) {
+      if (bytes[i] == '>' && WhiteSpaceTextAfter(text, i)) return true;
+    }
+  }
+  for (std::size_t i = start; i < text.size(); ++i) {
+    if (bytes[i] == '>' && WhiteSpaceTextAfter(text, i)) return true;
   }
   return false;
 }

@@ -33,6 +33,17 @@ TEST(XmlLoading, DropsWhiteSpaceTextOutsidePreservedElementsAndRefusesAllButOneD
   }
 }
 
+TEST(XmlLoading, FindsWhiteSpaceTextAtAnyOffsetOfALongText) {
+  // Long texts are screened in blocks: a pair across a block's end, or in the last bytes, counts.
+  for (std::size_t pad = 0; pad < 140; ++pad) {
+    const std::string head = "<A>" + std::string(pad, 'x');
+    EXPECT_TRUE(MayHoldWhiteSpaceText(head + "<B> \r\n\t<C/></B></A>")) << pad;
+    EXPECT_TRUE(MayHoldWhiteSpaceText(head + "<B>\t<C/>")) << pad;
+    EXPECT_FALSE(MayHoldWhiteSpaceText(head + "<B> x<C/></B></A>")) << pad;
+    EXPECT_FALSE(MayHoldWhiteSpaceText(head + "<B>  ")) << pad;
+  }
+}
+
 TEST(XmlNames, ChecksElementNamesAndComparesLocalNames) {
   for (const char* good : {"A", "_x", "a-b.c", "a:b", "É1", "名前"}) EXPECT_TRUE(IsElementName(good)) << good;
   // Malformed UTF-8 never makes a name: an over-long "A", a lone surrogate, a cut-off sequence.

@@ -1,6 +1,7 @@
 // The XML layer: loading rules, name checks, text, serialisation and XPath.
 #include "runtime/xml.hpp"
 
+#include <array>
 #include <cstring>
 #include <vector>
 
@@ -57,7 +58,7 @@ std::size_t CountElementChildren(const pugi::xml_node& node) {
   return count;
 }
 
-bool IsNameStartChar(char32_t c) {
+constexpr bool IsNameStartChar(char32_t c) {
   return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '_' || c == ':' ||
          (c >= 0xC0 && c <= 0xD6) || (c >= 0xD8 && c <= 0xF6) || (c >= 0xF8 && c <= 0x2FF) ||
          (c >= 0x370 && c <= 0x37D) || (c >= 0x37F && c <= 0x1FFF) || (c >= 0x200C && c <= 0x200D) ||
@@ -65,10 +66,17 @@ bool IsNameStartChar(char32_t c) {
          (c >= 0xF900 && c <= 0xFDCF) || (c >= 0xFDF0 && c <= 0xFFFD) || (c >= 0x10000 && c <= 0xEFFFF);
 }
 
-bool IsNameChar(char32_t c) {
+constexpr bool IsNameChar(char32_t c) {
   return IsNameStartChar(c) || c == '-' || c == '.' || (c >= '0' && c <= '9') || c == 0xB7 ||
          (c >= 0x300 && c <= 0x36F) || (c >= 0x203F && c <= 0x2040);
 }
+
+// Per ASCII character: bit 1 when it may begin a name, bit 2 when it may stand in one.
+constexpr std::array<unsigned char, 0x80> kAsciiNameChars = [] {
+  std::array<unsigned char, 0x80> table{};
+  for (char32_t c = 0; c < 0x80; ++c) table[c] = (IsNameStartChar(c) ? 1 : 0) | (IsNameChar(c) ? 2 : 0);
+  return table;
+}();
 
 struct StringWriter : pugi::xml_writer {
   explicit StringWriter(std::string& target) : out(target) {}
@@ -147,8 +155,7 @@ bool IsElementName(std::string_view name) {
   // ASCII, the usual case, is checked byte by byte; the rest is decoded.
   std::size_t pos = 0;
   for (; pos < name.size() && static_cast<unsigned char>(name[pos]) < 0x80; ++pos) {
-    const char32_t c = static_cast<unsigned char>(name[pos]);
-    if (pos == 0 ? !IsNameStartChar(c) : !IsNameChar(c)) return false;
+    if ((kAsciiNameChars[static_cast<unsigned char>(name[pos])] & (pos == 0 ? 1 : 2)) == 0) return false;
   }
   if (pos == name.size()) return true;
   Utf8Unit unit = DecodeUtf8(name, pos);

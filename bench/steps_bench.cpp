@@ -63,50 +63,53 @@ BENCHMARK_CAPTURE(BM_AddThenRead, Child, Read::Child)->Arg(10000)->Arg(100000)->
 BENCHMARK_CAPTURE(BM_AddThenRead, Property, Read::Property)->Arg(10000)->Arg(100000)->Arg(1000000);
 BENCHMARK_CAPTURE(BM_AddThenRead, Status, Read::Status)->Arg(10000)->Arg(100000)->Arg(1000000);
 
-// The floor: the same appends on a bare pugixml tree of the same text, handles and children in
-// arrays, and a read of the new property's text.
-void BM_FloorAddThenRead(benchmark::State& state) {
-  const std::string& text = varnex::bench::SampleText(state.range(0));
+// The floors: the same appends on a bare pugixml tree of the same text, with the handles, the
+// children and the properties kept in arrays.
+struct BareSteps {
   pugi::xml_document document;
-  document.load_buffer(text.data(), text.size());
-  pugi::xml_node collection = document.document_element().last_child().first_child().last_child().first_child();
-  std::vector<pugi::xml_node> handles;
-  std::vector<pugi::xml_node> children;
-  for (auto _ : state) {
+  pugi::xml_node collection;
+  std::vector<pugi::xml_node> handles, children, properties;
+
+  explicit BareSteps(Long components) {
+    const std::string& text = varnex::bench::SampleText(components);
+    document.load_buffer(text.data(), text.size());
+    collection = document.document_element().last_child().first_child().last_child().first_child();
+  }
+
+  // A component with one property under the collection.
+  void Add() {
     pugi::xml_node element = collection.append_child("COMPONENT").append_child("LINE");
     handles.push_back(element);
     children.push_back(element);
     pugi::xml_node property = element.append_child("PROPERTIES").append_child("AMOUNT");
+    properties.push_back(property);
     property.append_attribute("xml:space").set_value("preserve");
     property.append_child(pugi::node_pcdata).set_value("1");
-    benchmark::DoNotOptimize(children.back().first_child().first_child().child_value());
+  }
+};
+
+// Then a read of the new property's text.
+void BM_FloorAddThenRead(benchmark::State& state) {
+  BareSteps bare(state.range(0));
+  for (auto _ : state) {
+    bare.Add();
+    benchmark::DoNotOptimize(bare.children.back().first_child().first_child().child_value());
   }
   state.SetItemsProcessed(state.iterations());
 }
 BENCHMARK(BM_FloorAddThenRead)->Arg(10000)->Arg(100000)->Arg(1000000);
 
-// The floor of the add-then-Modify step: the same appends, then the node writes that modifying a
-// property of a NORMAL component makes (the component and the property marked "MODIFIED", the old
-// text kept as "ORIGINAL", the new text), with the nodes taken from the arrays.
+// Then the node writes that modifying a property of a NORMAL component makes: the component and
+// the property marked "MODIFIED", the old text kept as "ORIGINAL", the new text.
 void BM_FloorAddThenModify(benchmark::State& state) {
-  const std::string& text = varnex::bench::SampleText(state.range(0));
-  pugi::xml_document document;
-  document.load_buffer(text.data(), text.size());
-  pugi::xml_node collection = document.document_element().last_child().first_child().last_child().first_child();
-  std::vector<pugi::xml_node> handles;
-  std::vector<pugi::xml_node> properties;
+  BareSteps bare(state.range(0));
   for (auto _ : state) {
-    pugi::xml_node element = collection.append_child("COMPONENT").append_child("LINE");
-    handles.push_back(element);
-    pugi::xml_node property = element.append_child("PROPERTIES").append_child("AMOUNT");
-    properties.push_back(property);
-    property.append_attribute("xml:space").set_value("preserve");
-    property.append_child(pugi::node_pcdata).set_value("1");
-    pugi::xml_node modified = properties.back();
-    handles.back().append_attribute("STATUS").set_value("MODIFIED");
-    modified.append_attribute("ORIGINAL").set_value(modified.child_value());
-    modified.append_attribute("STATUS").set_value("MODIFIED");
-    modified.first_child().set_value("2");
+    bare.Add();
+    pugi::xml_node property = bare.properties.back();
+    bare.handles.back().append_attribute("STATUS").set_value("MODIFIED");
+    property.append_attribute("ORIGINAL").set_value(property.child_value());
+    property.append_attribute("STATUS").set_value("MODIFIED");
+    property.first_child().set_value("2");
   }
   state.SetItemsProcessed(state.iterations());
 }

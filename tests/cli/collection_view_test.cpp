@@ -25,7 +25,7 @@ constexpr const char* kDocument =
     "<COMPONENT><ROW><PROPERTIES><C>3</C><A>4</A></PROPERTIES></ROW></COMPONENT>"
     "<COMPONENT><ROW/></COMPONENT>"
     "</ROWS></COLLECTION>"
-    "<COLLECTION><other/></COLLECTION></TALVEN>";
+    "<COLLECTION><OTHER/></COLLECTION></TALVEN>";
 
 std::vector<std::vector<std::string>> Cells(IDataCollection& data) {
   auto source = std::make_shared<DataCollectionSource>();
@@ -76,7 +76,7 @@ TEST(ComponentPathTest, PathsNameComponentsByNameAndPosition) {
                                          {"/ROWS/ROW[1]", 3},
                                          {"/ROWS/ROW[2]", 5},   // live rows first
                                          {"/ROWS/ROW[4]", 4},   // then the deleted one
-                                         {"/OTHER", 7}}) {  // names match whatever their case
+                                         {"/OTHER", 7}}) {
     EXPECT_EQ(ResolvePath(transport, row.path), row.handle) << row.path;
   }
   for (const char* path : {"/ROWS/ROW[5]", "/ROWS/ROW[0]", "/ROWS/ROW[x]", "/ROWS/ROW[1x]", "/NONE", "/HEAD/ROW"}) {

@@ -17,9 +17,9 @@ using testing::Row;
 // Two people, PAID a Boolean column; the row count it reports may differ from the rows it holds.
 struct People : DataCollectionProvider {
   explicit People(Long reported = 2, const std::string& fields = "") : reported(reported) {
-    LoadData(testing::Loaded(testing::Rows("P", Row({{"NAME", "Zoë"}, {"PAID", "yes"}, {"NOTE", ""}}) +
-                                                    Row({{"NAME", "Bob \"B\", jr."}, {"PAID", "no"}, {"NOTE", "two\nlines"}}))),
-             std::vector<Long>{vbString, vbBoolean}, fields);
+    const std::string rows = Row({{"NAME", "Zoë"}, {"PAID", "yes"}, {"NOTE", ""}}) +
+                             Row({{"NAME", "Bob \"B\", jr."}, {"PAID", "no"}, {"NOTE", "two\nlines"}});
+    LoadData(testing::Loaded(testing::Rows("P", rows)), std::vector<Long>{vbString, vbBoolean}, fields);
   }
   Long getRowCount() override { return reported; }
   Long reported;
@@ -40,7 +40,8 @@ TEST(ProviderTableTest, TextPadsEachColumnToItsWidestCellInCharacters) {
 }
 
 TEST(ProviderTableTest, CsvQuotesFieldsWithCommasQuotesAndLineBreaks) {
-  EXPECT_EQ(Written(WriteCsvTable, People()), "NAME,PAID,NOTE\r\nZoë,True,\r\n\"Bob \"\"B\"\", jr.\",False,\"two\nlines\"\r\n");
+  EXPECT_EQ(Written(WriteCsvTable, People()),
+            "NAME,PAID,NOTE\r\nZoë,True,\r\n\"Bob \"\"B\"\", jr.\",False,\"two\nlines\"\r\n");
 }
 
 TEST(ProviderTableTest, JsonWritesBooleansAsTrueOrFalseAndEscapesText) {

@@ -65,19 +65,11 @@ TEST(CollectionViewTest, ARepeatedPropertyNameKeepsItsFirstValue) {
 TEST(ComponentPathTest, PathsNameComponentsByNameAndPosition) {
   Transport transport;
   transport.TransportDoc(kDocument);
-  struct Row {
-    const char* path;
-    Long handle;
-  };
-  for (const Row& row : std::vector<Row>{{"/", 0},
-                                         {"/HEAD", 1},
-                                         {"/rows", 2},
-                                         {"/ROWS/ROW", 3},
-                                         {"/ROWS/ROW[1]", 3},
-                                         {"/ROWS/ROW[2]", 5},   // live rows first
-                                         {"/ROWS/ROW[4]", 4},   // then the deleted one
-                                         {"/OTHER", 7}}) {
-    EXPECT_EQ(ResolvePath(transport, row.path), row.handle) << row.path;
+  // Live rows come first, then the deleted one.
+  for (const auto& [path, handle] : std::vector<std::pair<const char*, Long>>{
+           {"/", 0}, {"/HEAD", 1}, {"/rows", 2}, {"/ROWS/ROW", 3}, {"/ROWS/ROW[1]", 3}, {"/ROWS/ROW[2]", 5},
+           {"/ROWS/ROW[4]", 4}, {"/OTHER", 7}}) {
+    EXPECT_EQ(ResolvePath(transport, path), handle) << path;
   }
   for (const char* path : {"/ROWS/ROW[5]", "/ROWS/ROW[0]", "/ROWS/ROW[x]", "/ROWS/ROW[1x]", "/NONE", "/HEAD/ROW"}) {
     EXPECT_THROW(ResolvePath(transport, path), Failure) << path;

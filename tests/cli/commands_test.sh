@@ -47,7 +47,7 @@ fails() {
 # --- What the commands write ---------------------------------------------------------------------
 golden tree order-tree.txt 0 tree order.xml
 golden tree-all order-tree-all.txt 0 tree --all order.xml
-golden tree-colour declared-tree-colour.txt 0 tree --color=always declared.xml
+golden tree-colour order-tree-colour.txt 0 tree --color=always order.xml
 # A declaration and a leading comment are left out: the document loads under its own root.
 golden declared-loads declared-tree.txt 0 tree declared.xml
 golden stdin order-tree.txt 0 tree - <order.xml
@@ -64,6 +64,7 @@ golden table-json order-lines.json 0 table --format json --collection /ORDER/LIN
 golden table-csv order-lines.csv 0 table --format csv --collection /ORDER/LINES order.xml
 golden generate-full order-full.xml 0 generate order.xml
 golden generate-short-indented order-short-indented.txt 0 generate --mode short --indent order.xml
+golden generate-medium order-medium.xml 0 generate --mode medium order.xml
 golden merge-adds-under-the-root order-merged.xml 0 merge order.xml declared.xml
 golden merge-under-a-parent order-merged-under-2.xml 0 merge --parent 2 order.xml declared.xml
 golden reset order-reset.xml 0 reset order.xml

@@ -29,10 +29,6 @@ TEST(DataCollectionProviderTest, ColumnsComeFromTheFieldListOrTheCollectionsName
                                             {"Cy", "", "", "True"}}));
   EXPECT_TRUE(provider.getVariant(1, 2, 0).IsEmpty());
 
-  provider.LoadData(People(), kNoTypes);
-  EXPECT_EQ(ProviderCells(provider)[0], (std::vector<std::string>{"NAME", "CODE", "ACTIVE"}));
-  EXPECT_EQ(provider.getVariant(3, 2, 0), Variant("C3"));
-
   provider.LoadData(Loaded(testing::Rows("ROWS", Row({}))), kNoTypes);
   EXPECT_EQ(provider.getColumnCount(), 0);
   EXPECT_EQ(provider.getRowCount(), 1);
@@ -64,28 +60,23 @@ TEST(DataCollectionProviderTest, CellsOutsideTheTableAreBlankOrEmptyNeverErrors)
   for (const auto& [row, column] : {std::pair{0, 4}, {1, 0}, {1, 4}, {-1, 1}}) {
     EXPECT_TRUE(provider.getVariant(row, column, 0).IsEmpty()) << row << "," << column;
   }
-  // The table is read-only.
-  provider.setVariant(1, 1, 0, Variant("Zed"));
-  EXPECT_EQ(provider.deleteRows(1, 2) + provider.insertRows(1, 2) + provider.getRWStatus(1, 1), 0);
+  provider.setVariant(1, 1, 0, Variant("Zed"));  // the table is read-only
   EXPECT_EQ(provider.getVariant(1, 1, 0), Variant("Ann"));
-  EXPECT_EQ(provider.getRowCount(), 3);
 }
 
+// Any failure is the class error; the work done before it stays.
 TEST(DataCollectionProviderTest, LoadFailuresRaiseTheClassErrorOnly) {
-  DataCollectionProvider provider;
-  const auto expect_load_error = [](const std::function<void()>& load) {
-    EXPECT_AUTOMATION_ERROR_FROM(load(), errClass, "DataCollectionProvider", "Error Loading Data into Provider.");
-  };
-  expect_load_error([&] { provider.LoadData(People(), std::nullopt); });
-  // Work done before the failure stays.
-  EXPECT_EQ(provider.getColumnCount(), 3);
-  EXPECT_EQ(provider.getVariant(1, 1, 0), Variant("Ann"));
-
-  expect_load_error([&] { provider.LoadData(nullptr, kNoTypes); });
   struct BrokenNames : DataCollection {
     Long CountPropertyNames() override { return 1; }  // one more than PropertyNames knows
   };
-  expect_load_error([&] { provider.LoadData(std::make_shared<BrokenNames>(), kNoTypes); });
+  DataCollectionProvider provider;
+  for (const auto& collection : std::vector<std::shared_ptr<IDataCollection>>{nullptr, std::make_shared<BrokenNames>()}) {
+    EXPECT_AUTOMATION_ERROR_FROM(provider.LoadData(collection, kNoTypes), errClass, "DataCollectionProvider",
+                                 "Error Loading Data into Provider.");
+  }
+  EXPECT_AUTOMATION_ERROR_FROM(provider.LoadData(People(), std::nullopt), errClass, "DataCollectionProvider",
+                               "Error Loading Data into Provider.");
+  EXPECT_EQ(provider.getVariant(1, 1, 0), Variant("Ann"));  // the columns were read before the types failed
 }
 
 // A listener that fails the test when the provider calls it.

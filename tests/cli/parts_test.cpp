@@ -2,6 +2,7 @@
 // left out before the root, path steps, and how an automation error is written.
 #include <gtest/gtest.h>
 
+#include <array>
 #include <string>
 #include <vector>
 
@@ -13,49 +14,37 @@ namespace varnex::cli {
 namespace {
 
 TEST(DocumentTextTest, PositionsCountLinesAndCharacters) {
-  const std::string text = "<A>\n  <B>\xC3\xA9t\xC3\xA9</C>\n";
-  struct Row {
-    std::size_t offset, line, column;
-  };
-  for (const Row& row : std::vector<Row>{{0, 1, 1}, {3, 1, 4}, {4, 2, 1}, {9, 2, 6}, {14, 2, 9}, {99, 3, 1}}) {
-    const TextPosition at = PositionOf(text, row.offset);
-    EXPECT_EQ(at.line, row.line) << row.offset;
-    EXPECT_EQ(at.column, row.column) << row.offset;  // the two-byte "é" counts once
+  const std::string text = "<A>\n  <B>\xC3\xA9t\xC3\xA9</C>\n";  // the two-byte "é" counts once
+  for (const auto [offset, line, column] : {std::array<std::size_t, 3>{0, 1, 1}, {3, 1, 4}, {4, 2, 1}, {9, 2, 6},
+                                            {14, 2, 9}, {99, 3, 1}}) {
+    const TextPosition at = PositionOf(text, offset);
+    EXPECT_EQ(std::pair(at.line, at.column), std::pair(line, column)) << offset;
   }
 }
 
 TEST(DocumentTextTest, LeavesOutWhatStandsBeforeTheRoot) {
-  struct Row {
-    std::string text, kept;
-  };
-  for (const Row& row : std::vector<Row>{
-           {"<A/>", "<A/>"},
+  for (const auto& [text, kept] : std::vector<std::pair<std::string, std::string>>{
            {"  \n<A/>", "<A/>"},
            {"\xEF\xBB\xBF<?xml version=\"1.0\"?>\n<A/>", "<A/>"},
            {"<!-- a --><?pi x?>\n<!-- b -->  <A><!-- kept --></A>", "<A><!-- kept --></A>"},
            {"<!DOCTYPE A [<!ELEMENT A ANY>]>\n<A/>", "<A/>"},
-           {"<!-- never closed <A/>", "<!-- never closed <A/>"},
-       }) {
-    std::string text = row.text;
-    DropProlog(text);
-    EXPECT_EQ(text, row.kept) << row.text;
+           {"<!-- never closed <A/>", "<!-- never closed <A/>"}}) {
+    std::string dropped = text;
+    DropProlog(dropped);
+    EXPECT_EQ(dropped, kept) << text;
   }
 }
 
 TEST(DocumentTextTest, ReportsMalformedTextAtItsLineAndColumn) {
-  struct Row {
-    std::string text, message;
-  };
-  for (const Row& row : std::vector<Row>{
+  for (const auto& [text, message] : std::vector<std::pair<std::string, std::string>>{
            {"<A>\n  <B></C>\n</A>", "doc.xml:2:8: start-end tags mismatch"},
            {"", "doc.xml:1:1: no document element found"},
-           {"<A/>\n<B/>", "doc.xml:2:1: a second root element <B>"},
-       }) {
+           {"<A/>\n<B/>", "doc.xml:2:1: a second root element <B>"}}) {
     try {
-      CheckWellFormed(row.text, "doc.xml");
-      ADD_FAILURE() << "no failure for " << row.text;
+      CheckWellFormed(text, "doc.xml");
+      ADD_FAILURE() << "no failure for " << text;
     } catch (const Failure& failure) {
-      EXPECT_EQ(failure.what(), row.message);
+      EXPECT_EQ(failure.what(), message);
     }
   }
   EXPECT_NO_THROW(CheckWellFormed("<?xml version=\"1.0\"?><!-- c --><A><B/></A>", "doc.xml"));

@@ -15,11 +15,11 @@ grep -q '<SITE STATUS="NEW">' <<<"$out"
 grep -q '^SITE csNew$' <<<"$out"
 grep -q '^    VISIT csNormal$' <<<"$out"
 grep -q '^  NAME=North$' <<<"$out"
-PKG_CONFIG_PATH="$work/prefix/lib/pkgconfig:$work/prefix/lib/x86_64-linux-gnu/pkgconfig" \
-  g++ ${SANITIZE_FLAGS:-} "$source_dir/tests/install/consumer/main.cpp" -o "$work/app-pc" $(PKG_CONFIG_PATH="$work/prefix/lib/pkgconfig:$work/prefix/lib/x86_64-linux-gnu/pkgconfig" pkg-config --cflags --libs varnex)
+export PKG_CONFIG_PATH="$work/prefix/lib/pkgconfig:$work/prefix/lib/x86_64-linux-gnu/pkgconfig"
+g++ ${SANITIZE_FLAGS:-} "$source_dir/tests/install/consumer/main.cpp" -o "$work/app-pc" $(pkg-config --cflags --libs varnex)
 "$work/app-pc" >/dev/null
 # A Boolean variant is only made on purpose: true and vbTrue given to Variant do not compile.
-pc_flags=$(PKG_CONFIG_PATH="$work/prefix/lib/pkgconfig:$work/prefix/lib/x86_64-linux-gnu/pkgconfig" pkg-config --cflags varnex)
+pc_flags=$(pkg-config --cflags varnex)
 for value in true varnex::vbTrue; do
   if g++ -std=c++20 -fsyntax-only $pc_flags -DVALUE="$value" "$source_dir/tests/install/consumer/boolean_variant.cpp" 2>/dev/null; then
     echo "Variant v = $value; compiled" >&2

@@ -76,7 +76,10 @@ TEST(CollectionTest, EnumeratorWalksByPosition) {
   EXPECT_TRUE(walk.Skip(1));
   EXPECT_FALSE(walk.Next(item));
   walk.Reset();
-  EXPECT_FALSE(walk.Skip(5));
+  EXPECT_TRUE(walk.Skip(-1));  // a negative count moves nothing
+  EXPECT_TRUE(walk.Next(item) && item.AsString() == "a");
+  EXPECT_FALSE(walk.Skip(5));  // the walk stops at the end
+  EXPECT_FALSE(walk.Next(item));
 }
 
 }  // namespace

@@ -34,19 +34,5 @@ TEST(ErrorTrap, TranslatesObjectRequiredOnlyWhereAskedAndCanReplaceTheSource) {
   EXPECT_EQ(error.description(), "AddCompPrototypeProperty: Invalid Handle.");
 }
 
-TEST(ErrorTrap, SwallowIgnoreAndClassErrors) {
-  EXPECT_EQ(Swallow(0, []() -> int { throw AutomationError::Runtime(errSubscriptOutOfRange); }), 0);
-  EXPECT_EQ(Swallow(0, [] { return 5; }), 5);
-  bool reached = false;
-  IgnoreErrors([&] {
-    reached = true;
-    throw AutomationError::Runtime(errTypeMismatch);
-  });
-  EXPECT_TRUE(reached);
-  const auto class_error = AutomationError::Class("Transport", "Invalid XML supplied.");
-  EXPECT_EQ(class_error.number(), -2147220991);
-  EXPECT_STREQ(class_error.what(), "Invalid XML supplied.");
-}
-
 }  // namespace
 }  // namespace varnex

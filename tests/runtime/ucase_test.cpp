@@ -27,16 +27,6 @@ TEST(UCase, MapsLettersOneToOneAndKeepsEverythingElse) {
   for (const auto& [text, upper] : cases) EXPECT_EQ(UCase(text), upper) << text;
 }
 
-TEST(EqualsIgnoreCase, HandCases) {
-  EXPECT_TRUE(EqualsIgnoreCase("a long element name, more than eight", "A LONG ELEMENT NAME, MORE THAN EIGHT"));
-  EXPECT_TRUE(EqualsIgnoreCase("Ωμέγα Киев straße", "ΩΜΈΓΑ КИЕВ STRAßE"));
-  for (const auto& [a, b] : {std::pair{"abcdefgh_x", "ABCDEFGH_Y"}, {"@", "`"}, {"[{[{[{[{", "{[{[{[{["},
-                             {"straße", "STRASSE"}, {"é", "e"}, {"ЁЖ", "ЕЖ"}, {"\xC3" "a", "\xC3\x81"}}) {
-    EXPECT_FALSE(EqualsIgnoreCase(a, b)) << a << " " << b;
-  }
-  EXPECT_FALSE(EqualsIgnoreCase(std::string_view("x", 1), std::string_view("x\0", 2)));
-}
-
 // Random texts drawn from ASCII, case pairs of every byte length and malformed bytes: the
 // comparison must agree with comparing UCase results, and UCase must be idempotent.
 TEST(EqualsIgnoreCase, AgreesWithComparingUpperCasedTexts) {
@@ -62,6 +52,8 @@ TEST(EqualsIgnoreCase, AgreesWithComparingUpperCasedTexts) {
     equal += expected;
   }
   EXPECT_GT(equal, 5000);
+  EXPECT_TRUE(EqualsIgnoreCase("a long element name, more than eight", "A LONG ELEMENT NAME, MORE THAN EIGHT"));
+  EXPECT_FALSE(EqualsIgnoreCase(std::string_view("x", 1), std::string_view("x\0", 2)));
 }
 
 }  // namespace

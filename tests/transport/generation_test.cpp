@@ -72,20 +72,21 @@ TEST(GenerateTransportDoc, LoadingRulesShowInTheReducedForms) {
   const std::string reloaded = "<TALVEN><COMPONENT><S STATUS=\"MODIFIED\"><PROPERTIES><P xml:space=\"preserve\">"
                                "1\n2\n3</P></PROPERTIES></S></COMPONENT></TALVEN>";
   EXPECT_EQ(transport.GenerateTransportDoc(tmMedium) + transport.GenerateTransportDoc(tmShort), reloaded + reloaded);
-  // Blank text stays under xml:space="preserve" only; a processing instruction keeps its CR.
-  transport.AddCompProperty(site, "Q", "  ");
+  // A processing instruction keeps its CR...
   pugi::xml_node element = testing::Internals(transport).NodeOf(site);
+  pugi::xml_node pi = element.append_child(pugi::node_pi);
+  pi.set_name("pi");
+  pi.set_value("a\r\nb");
+  const std::string with_pi = reloaded.substr(0, reloaded.find("</S>")) + "<?pi a\r\nb?></S></COMPONENT></TALVEN>";
+  EXPECT_EQ(transport.GenerateTransportDoc(tmMedium) + transport.GenerateTransportDoc(tmShort), with_pi + with_pi);
+  // ... and blank text stays under xml:space="preserve" only.
+  testing::Internals(transport).NodeOf(site).remove_child(pi);
+  transport.AddCompProperty(site, "Q", "  ");
   testing::Internals(transport).document->SetText(element.append_child("LOOSE"), " ");
   EXPECT_NE(transport.GenerateTransportDoc(tmFull).find("<LOOSE> </LOOSE>"), std::string::npos);
-  const std::string kept = reloaded.substr(0, reloaded.find("</PROPERTIES>")) + "<Q xml:space=\"preserve\">  </Q>" +
-                           "</PROPERTIES>";
-  const std::string loose = kept + "<LOOSE/></S></COMPONENT></TALVEN>";
+  const std::string loose = reloaded.substr(0, reloaded.find("</PROPERTIES>")) +
+                            "<Q xml:space=\"preserve\">  </Q></PROPERTIES><LOOSE/></S></COMPONENT></TALVEN>";
   EXPECT_EQ(transport.GenerateTransportDoc(tmMedium) + transport.GenerateTransportDoc(tmShort), loose + loose);
-  testing::Internals(transport).NodeOf(site).remove_child("LOOSE");
-  element.append_child(pugi::node_pi).set_name("pi");
-  element.last_child().set_value("a\r\nb");
-  const std::string pi = kept + "<?pi a\r\nb?></S></COMPONENT></TALVEN>";
-  EXPECT_EQ(transport.GenerateTransportDoc(tmMedium) + transport.GenerateTransportDoc(tmShort), pi + pi);
 }
 
 TEST(GenerateTransportDoc, Failures) {

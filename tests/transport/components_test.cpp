@@ -1,7 +1,11 @@
-// Adding, finding and reading components and collections through handles.
+// Adding, finding and reading components and collections through handles, walking the children
+// with a range, and the names of the enumerations.
 #include <gtest/gtest.h>
 
+#include <vector>
+
 #include "support/errors.hpp"
+#include "runtime/xml.hpp"
 #include "support/internals.hpp"
 #include "varnex/transport.hpp"
 
@@ -14,12 +18,6 @@ struct Read {
   enComponentStatus status = static_cast<enComponentStatus>(-7);
   enComponentType type = static_cast<enComponentType>(-7);
 };
-
-Read Component(Transport& t, Long handle) {
-  Read r;
-  r.handle = t.GetComponent(handle, r.name, r.status, r.type);
-  return r;
-}
 
 Read Child(Transport& t, Long parent, Long k, Boolean ignore_deletes = vbFalse) {
   Read r;
@@ -68,24 +66,34 @@ TEST(AddingComponents, AnInvalidNameLeavesAnEmptyWrapperThatLaterCountsAsAChild)
   EXPECT_EQ(Child(t, 0, 4).name, "B");
 }
 
-TEST(ReadingComponents, GetComponentReportsNameStatusAndType) {
+TEST(ReadingComponents, ByHandleAndByNameInAnyCase) {
   Transport t;
   const Long site = t.AddComponent(0, "site", csModified);
   const Long visits = t.AddCollection(site, "visits");
-  Read r = Component(t, site);
-  EXPECT_EQ(r.handle, 1);
-  EXPECT_EQ(r.name, "SITE");
-  EXPECT_EQ(r.status, csModified);
-  EXPECT_EQ(r.type, ctComponent);
-  r = Component(t, visits);
-  EXPECT_EQ(r.type, ctcollection);
-  EXPECT_EQ(r.status, csNormal);
-
-  r = Component(t, 0);
-  EXPECT_EQ(r.name, "TALVEN");
-  EXPECT_EQ(r.type, static_cast<enComponentType>(-7)) << "the root has no wrapper: the type stays as passed";
-  EXPECT_EQ(r.status, csNormal);
+  const Long visit = t.AddComponent(visits, "visit");
+  const Long detail = t.AddComponent(visit, "detail");
+  Read r;
+  EXPECT_EQ(t.GetComponent(site, r.name, r.status, r.type), 1);
+  EXPECT_EQ(r.name + to_string(r.status) + to_string(r.type), "SITEcsModifiedctComponent");
+  t.GetComponent(visits, r.name, r.status, r.type);
+  EXPECT_EQ(r.name + to_string(r.status) + to_string(r.type), "VISITScsNormalctcollection");
+  r = Read{};
+  t.GetComponent(0, r.name, r.status, r.type);
+  EXPECT_EQ(r.name + to_string(r.status) + to_string(r.type), "TALVENcsNormal-7") << "the root has no wrapper";
   EXPECT_EQ(t.GetComponentStatus(site), csModified);
+  // The collection that holds a component directly.
+  EXPECT_EQ(t.ChildOfCollection(visit), "VISITS");
+  for (const Long other : {site, visits, detail}) EXPECT_EQ(t.ChildOfCollection(other), "");
+
+  // By name: only direct children, the name an XPath step.
+  EXPECT_EQ(t.FindChildCompByName(0, "Site"), site);
+  EXPECT_EQ(t.FindChildCompByName(site, "VISITS"), visits);
+  EXPECT_EQ(t.FindChildCompByName(site, "visit"), 0);
+  EXPECT_EQ(t.FindChildCompByName(detail, "two words"), 0) << "no children: the name is not even read";
+  EXPECT_EQ(t.FindChildCompByName(0, "*"), site);
+  const auto error = testing::ErrorOf([&] { t.FindChildCompByName(0, "two words"); });
+  EXPECT_EQ(error.number(), errXml);
+  EXPECT_EQ(error.description().rfind("FindChildCompByName: XPath error", 0), 0u) << error.description();
 }
 
 TEST(ReadingComponents, ChildrenComeLiveFirstThenDeleted) {
@@ -93,8 +101,7 @@ TEST(ReadingComponents, ChildrenComeLiveFirstThenDeleted) {
   const Long p = t.AddComponent(0, "p");
   const Long first = t.AddComponent(p, "first");
   const Long gone = t.AddCollection(p, "gone");
-  testing::Internals(t).document->document();  // the status is read from the document at rebuild time
-  testing::Internals(t).NodeOf(gone).append_attribute("STATUS") = "deleted";
+  testing::Internals(t).NodeOf(gone).append_attribute("STATUS") = "deleted";  // read at rebuild time
   const Long third = t.AddComponent(p, "third");
 
   EXPECT_EQ(t.CountCompChildren(p), 3);
@@ -117,66 +124,48 @@ TEST(ReadingComponents, AReadWithIgnoreDeletesLeavesItsKeyBehindUntilTheNextRebu
   EXPECT_EQ(Child(t, 0, 2).handle, gone);
   EXPECT_EQ(Child(t, 0, 2, vbTrue).handle, 0);
   EXPECT_EQ(Child(t, 0, 2).handle, 0) << "the key left behind now answers handle 0";
-  t.AddComponent(0, "later");
-  EXPECT_EQ(Child(t, 0, 3).handle, gone) << "a rebuild forgets the keys left behind";
+  t.AddComponent(0, "later", csDeleted);
+  EXPECT_EQ(Child(t, 0, 2).handle, gone) << "a rebuild forgets the keys left behind";
   EXPECT_EQ(Child(t, 0, 1).handle, live);
-}
-
-TEST(FindingComponents, FindsByNameInAnyCaseThroughXPath) {
-  Transport t;
-  const Long site = t.AddComponent(0, "site");
-  const Long visits = t.AddCollection(site, "visits");
-  const Long visit = t.AddComponent(visits, "visit");
-  EXPECT_EQ(t.FindChildCompByName(0, "Site"), site);
-  EXPECT_EQ(t.FindChildCompByName(site, "VISITS"), visits);
-  EXPECT_EQ(t.FindChildCompByName(visits, "visit"), visit);
-  EXPECT_EQ(t.FindChildCompByName(site, "visit"), 0) << "only direct children";
-  EXPECT_EQ(t.FindChildCompByName(visit, "x"), 0);
-  EXPECT_EQ(t.FindChildCompByName(visit, "two words"), 0) << "no children: the name is not even read";
-  EXPECT_EQ(t.FindChildCompByName(0, "*"), site) << "the name is an XPath step";
-  const auto error = testing::ErrorOf([&] { t.FindChildCompByName(0, "two words"); });
-  EXPECT_EQ(error.number(), errXml);
-  EXPECT_EQ(error.description().rfind("FindChildCompByName: XPath error", 0), 0u) << error.description();
-}
-
-TEST(ComponentXml, GivesTheWrapperUnderTheRootWithTheDomainSections) {
-  Transport t;
-  const Long site = t.AddComponent(0, "site", csNew);
-  t.AddComponent(site, "room");
-  const std::string before = t.TransportDoc();
-  EXPECT_EQ(t.GetComponentXML(site),
-            "<TALVEN><COMPONENT><SITE STATUS=\"NEW\"><COMPONENT><ROOM/></COMPONENT></SITE></COMPONENT>"
-            "<DOMAIN/><PROPERTY_DOMAINS/></TALVEN>");
-  EXPECT_EQ(t.TransportDoc(), before) << "the own document keeps everything";
-}
-
-TEST(CollectionMembership, NamesTheDirectlyHoldingCollection) {
-  Transport t;
-  const Long site = t.AddComponent(0, "site");
-  const Long visits = t.AddCollection(site, "visits");
-  const Long visit = t.AddComponent(visits, "visit");
-  const Long detail = t.AddComponent(visit, "detail");
-  EXPECT_EQ(t.ChildOfCollection(visit), "VISITS");
-  EXPECT_EQ(t.ChildOfCollection(site), "");
-  EXPECT_EQ(t.ChildOfCollection(visits), "");
-  EXPECT_EQ(t.ChildOfCollection(detail), "");
 }
 
 TEST(ComponentStatus, RemovingItClearsTheComponentAndItsPropertyMarksOnly) {
   Transport t;
   const Long site = t.AddComponent(0, "site", csModified);
   const Long child = t.AddComponent(site, "child", csNew);
-  pugi::xml_node element = testing::Internals(t).NodeOf(site);
-  pugi::xml_node property = element.prepend_child("PROPERTIES").append_child("NAME");
+  pugi::xml_node property = testing::Internals(t).NodeOf(site).prepend_child("PROPERTIES").append_child("NAME");
   property.append_attribute("STATUS") = "MODIFIED";
   property.append_attribute("ORIGINAL") = "old";
   property.append_attribute("OTHER") = "kept";
   t.RemoveComponentStatus(site);
   EXPECT_EQ(t.GetComponentStatus(site), csNormal);
   EXPECT_EQ(t.GetComponentStatus(child), csNew);
-  EXPECT_FALSE(property.attribute("STATUS"));
-  EXPECT_FALSE(property.attribute("ORIGINAL"));
-  EXPECT_TRUE(property.attribute("OTHER"));
+  EXPECT_EQ(xml::Serialize(property), "<NAME OTHER=\"kept\"/>");
+}
+
+TEST(Ranges, ChildrenInGetCompChildOrderWithOrWithoutTheDeleted) {
+  Transport t;
+  const Long site = t.AddComponent(0, "site");
+  t.AddCollection(site, "visits");
+  t.DeleteComponent(t.AddComponent(site, "gone"));
+  t.AddComponent(site, "kept", csNew);
+  std::vector<std::string> all, live;
+  for (const ChildInfo& c : t.Children(site)) {
+    all.push_back(std::to_string(c.handle) + c.name + " " + to_string(c.status) + " " + to_string(c.type));
+  }
+  for (const ChildInfo& c : t.Children(site, false)) live.push_back(std::to_string(c.handle));
+  EXPECT_EQ(all, (std::vector<std::string>{"2VISITS csNormal ctcollection", "4KEPT csNew ctComponent",
+                                           "3GONE csDeleted ctComponent"}));
+  EXPECT_EQ(live, (std::vector<std::string>{"2", "4"}));
+  EXPECT_TRUE(t.Children(999).empty()) << "an unknown handle has no children, as CountCompChildren says";
+}
+
+TEST(EnumNames, MembersByNameOthersByNumber) {
+  EXPECT_EQ(to_string(csDeleted), "csDeleted");
+  EXPECT_EQ(to_string(ctcollection), "ctcollection");
+  EXPECT_EQ(to_string(tmMedium), "tmMedium");
+  EXPECT_EQ(to_string(ocmChanges), "ocmChanges");
+  EXPECT_EQ(to_string(static_cast<enTransportMode>(3)), "3");
 }
 
 }  // namespace

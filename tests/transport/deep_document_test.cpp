@@ -1,4 +1,7 @@
-// A document nested 100,000 levels deep through every exchange operation, failures included.
+// Documents nested 100,000 levels deep through every operation that walks them, failures included:
+// each walk keeps its levels on a stack of its own, and a failure carries one prefix per level.
+// Components named like the root count as top-level wherever they stand, so some answers grow
+// with the square of the depth: those fail within the operation's memory budget with error 7.
 #include "transport/exchange_fixture.hpp"
 
 namespace varnex {
@@ -7,14 +10,33 @@ namespace {
 using testing::ErrorOf;
 using testing::Occurrences;
 
-constexpr Long kDepth = 100000;
+constexpr int kDepth = 100000;
 
-// Components N, each inside the one before (handles 1 to kDepth), each with a property V = level.
-void BuildChain(Transport& transport, enComponentStatus status) {
-  for (Long level = 1; level <= kDepth; ++level) {
-    transport.AddComponent(level - 1, "N", status);
-    transport.AddCompProperty(level, "V", std::to_string(level));
+std::string Repeat(const std::string& text, int times) {
+  std::string out;
+  for (int i = 0; i < times; ++i) out += text;
+  return out;
+}
+
+// "<TALVEN>", then `open` and `close` around `inner` at every level.
+std::string Nested(const std::string& open, const std::string& close, int levels = kDepth, const std::string& inner = "") {
+  return "<TALVEN>" + Repeat(open, levels) + inner + Repeat(close, levels) + "</TALVEN>";
+}
+std::string RootNamedText(int levels) {
+  return Nested("<COMPONENT><TALVEN STATUS=\"NEW\">", "</TALVEN></COMPONENT>", levels);
+}
+
+// Components, each inside the one before (handles 1 to levels), with a property V = level or none.
+void BuildChain(Transport& t, enComponentStatus status, const char* name = "N", int levels = kDepth, bool properties = true) {
+  for (Long level = 1; level <= levels; ++level) {
+    t.AddComponent(level - 1, name, status);
+    if (properties) t.AddCompProperty(level, "V", std::to_string(level));
   }
+}
+
+bool Loads(const std::string& text) {
+  pugi::xml_document parsed;
+  return xml::LoadText(parsed, text);
 }
 
 TEST(DeepDocument, GenerateUpdateResetDelete) {
@@ -44,11 +66,35 @@ TEST(DeepDocument, GenerateUpdateResetDelete) {
   EXPECT_EQ(modified.GetComponentStatus(kDepth), csNormal);
 }
 
+TEST(DeepDocument, LoadMergeAndReadBack) {
+  const std::string text = Nested("<COMPONENT><N STATUS=\"NEW\"><PROPERTIES><V>x</V></PROPERTIES>", "</N></COMPONENT>");
+  Transport t;
+  t.TransportDoc(text);
+  EXPECT_EQ(t.CountCompChildren(kDepth - 1), 1);
+  EXPECT_EQ(t.MergeDocument(text, kDepth), 1);
+  EXPECT_EQ(t.CountCompChildren(kDepth), 1);
+  std::string value, original;
+  enComponentStatus status;
+  EXPECT_EQ(t.GetCompProperty(2 * kDepth, 1, value, status, original) + value, "Vx");
+  EXPECT_EQ(t.FindChildCompByName(kDepth - 1, "N"), kDepth);
+  EXPECT_NE(t.GetComponentXML(1).size(), 0u);
+  EXPECT_EQ(t.ChildOfCollection(kDepth), "");
+  EXPECT_EQ(t.UpdateDocument(text), 1);
+  EXPECT_EQ(t.DeleteComponent(1, vbTrue), vbTrue);
+  EXPECT_TRUE(Loads(t.TransportDoc()));
+  EXPECT_TRUE(Loads(t.GenerateTransportDoc(tmShort)));
+}
+
 TEST(DeepDocument, FailuresCarryOnePrefixPerLevel) {
+  Transport merging;
+  EXPECT_AUTOMATION_ERROR(merging.MergeDocument(Nested("<COMPONENT><C>", "</C></COMPONENT>", kDepth, "<COMPONENT/>"), 0),
+                          errObjectNotSet,
+                          "MergeDocument: MergeTransportIn: " + Repeat("RecurseComponents: ", kDepth + 1) +
+                              "Object variable or With block variable not set");
+
   Transport transport;
   BuildChain(transport, csNormal);
   EXPECT_EQ(ErrorOf([&] { transport.AddComponent(kDepth, ""); }).number(), errXml);  // leaves a wrapper
-
   // The root, kDepth components, then the missing one.
   const AutomationError trim = ErrorOf([&] { transport.GenerateTransportDoc(tmShort); });
   EXPECT_EQ(trim.description().rfind("GenerateTransportDoc: GetModifiedXML: TrimDocument: ", 0), 0u);
@@ -65,6 +111,55 @@ TEST(DeepDocument, FailuresCarryOnePrefixPerLevel) {
   const AutomationError deletion = ErrorOf([&] { transport.DeleteComponent(1); });
   EXPECT_EQ(deletion.number(), errOutOfStackSpace);
   EXPECT_EQ(Occurrences(deletion.description(), "RecurseDeleteComponent: "), std::size_t{kDepth + 2});
+}
+
+TEST(RootNamedDocument, AnswersThatFitAreUnchanged) {
+  // 200 levels: every level's wrapper is taken once more for each level above it.
+  Transport t;
+  t.TransportDoc(RootNamedText(200));
+  EXPECT_EQ(t.CountCompChildren(0), 200 * 201 / 2);
+  const std::string shortened = t.GenerateTransportDoc(tmShort);
+  EXPECT_GT(shortened.size(), t.TransportDoc().size());
+}
+
+TEST(RootNamedDocument, MergingItsOwnTextAddsATriangleOfComponents) {
+  // d levels: the merge takes each level's component once for itself and once more for every
+  // root-named level above it, d*(d+1)/2 in all, each a new top-level component.
+  for (const int levels : {1, 2, 5, 8}) {
+    SCOPED_TRACE(levels);
+    Transport t;
+    BuildChain(t, csNew, "TALVEN", levels, false);
+    const Long before = t.CountCompChildren(0);
+    ASSERT_EQ(before, levels);
+    t.MergeDocument(t.TransportDoc(), 0);
+    EXPECT_EQ(t.CountCompChildren(0) - before, levels * (levels + 1) / 2);
+    EXPECT_TRUE(Loads(t.TransportDoc()));
+  }
+}
+
+TEST(RootNamedDocument, LoadingAndMergingFailWithOutOfMemory) {
+  const std::string text = RootNamedText(kDepth);
+  Transport t;
+  EXPECT_AUTOMATION_ERROR(t.TransportDoc(text), errOutOfMemory, "GetTransportDoc: MergeTransportIn: Out of memory");
+  EXPECT_TRUE(Loads(t.TransportDoc()));
+  Transport other;
+  EXPECT_AUTOMATION_ERROR(other.MergeDocument(text, 0), errOutOfMemory,
+                          "MergeDocument: MergeTransportIn: Out of memory");
+  EXPECT_TRUE(Loads(other.TransportDoc()));
+}
+
+TEST(RootNamedDocument, EveryLaterOperationAnswersOrFailsWithOutOfMemory) {
+  Transport t;
+  BuildChain(t, csNew, "TALVEN", kDepth, false);
+  const std::string full = t.TransportDoc();  // the tree as it stands: linear in the depth
+  EXPECT_EQ(ErrorOf([&] { t.GenerateTransportDoc(tmShort); }).number(), errOutOfMemory);
+  EXPECT_EQ(ErrorOf([&] { t.GenerateTransportDoc(tmMedium); }).number(), errOutOfMemory);
+  EXPECT_EQ(ErrorOf([&] { t.MergeDocument(full, 1); }).number(), errOutOfMemory);
+  EXPECT_EQ(ErrorOf([&] { t.UpdateDocument(full); }).number(), errOutOfMemory);
+  // Reset walks the tree once; deletion marks it once.
+  EXPECT_GE(t.ResetStatus(), 0);
+  EXPECT_EQ(t.DeleteComponent(1), vbTrue);
+  EXPECT_TRUE(Loads(t.TransportDoc()));
 }
 
 }  // namespace

@@ -1,16 +1,17 @@
-// The Transport object, the root name and the whole-document text.
+// The Transport object, the root name, and the whole document as text: loading it and reading back
+// what the library wrote.
 #include <gtest/gtest.h>
 
 #include "support/errors.hpp"
 #include "transport/node_status.hpp"
-#include "varnex/transport.hpp"
+#include "varnex/varnex.hpp"
 
 namespace varnex {
 namespace {
 
 constexpr const char* kEmpty = "<TALVEN><DOMAIN/><PROPERTY_DOMAINS/></TALVEN>";
 
-TEST(TransportDocument, SettingTheRootNameDiscardsEverything) {
+TEST(TransportDocument, ANewRootNameOrLoadedTextDiscardsEverything) {
   Transport transport;
   const Long site = transport.AddComponent(0, "site");
   transport.RootName("Survey");
@@ -18,6 +19,20 @@ TEST(TransportDocument, SettingTheRootNameDiscardsEverything) {
   EXPECT_EQ(transport.TransportDoc(), "<Survey><DOMAIN/><PROPERTY_DOMAINS/></Survey>");
   EXPECT_AUTOMATION_ERROR(transport.GetComponentStatus(site), errObjectRequired, "GetComponentStatus: Invalid Handle");
   EXPECT_EQ(transport.AddComponent(0, "again"), 1) << "handles start again at 1";
+
+  // Loading takes the root name from the text's first node...
+  transport.TransportDoc("<SURVEY><DOMAIN/><PROPERTY_DOMAINS/></SURVEY>");
+  EXPECT_EQ(transport.RootName(), "SURVEY");
+  EXPECT_EQ(transport.CountCompChildren(0), 0);
+  EXPECT_EQ(transport.AddComponent(0, "new"), 1);
+  transport.TransportDoc("<?xml version=\"1.0\"?><SURVEY/>");
+  EXPECT_EQ(transport.RootName(), "xml") << "the first node names the root, even a declaration";
+  // ... and text that does not parse leaves an empty TALVEN.
+  transport.AddComponent(0, "old");
+  EXPECT_AUTOMATION_ERROR(transport.TransportDoc("<A><B></A>"), errObjectNotSet,
+                          "GetTransportDoc: Object variable or With block variable not set");
+  EXPECT_EQ(transport.RootName(), "TALVEN");
+  EXPECT_EQ(transport.TransportDoc(), kEmpty);
 }
 
 TEST(TransportDocument, AnInvalidRootNameLeavesNoRoot) {
@@ -43,18 +58,6 @@ TEST(TransportDocument, AnInvalidRootNameLeavesNoRoot) {
                           "GetTransportDoc: LetRootName: The name '' is not a valid XML element name.");
 }
 
-TEST(TransportDocument, LoadingTakesTheRootNameFromTheText) {
-  Transport transport;
-  transport.AddComponent(0, "old");
-  transport.TransportDoc("<SURVEY><DOMAIN/><PROPERTY_DOMAINS/></SURVEY>");
-  EXPECT_EQ(transport.RootName(), "SURVEY");
-  EXPECT_EQ(transport.CountCompChildren(0), 0);
-  EXPECT_EQ(transport.AddComponent(0, "new"), 1);
-
-  transport.TransportDoc("<?xml version=\"1.0\"?><SURVEY/>");
-  EXPECT_EQ(transport.RootName(), "xml") << "the first node names the root, even a declaration";
-}
-
 TEST(TransportDocument, MovingHandsOverTheDocumentAndLeavesANewOne) {
   Transport first;
   const Long site = first.AddComponent(0, "SITE", csNew);
@@ -68,17 +71,6 @@ TEST(TransportDocument, MovingHandsOverTheDocumentAndLeavesANewOne) {
   first = std::move(second);
   EXPECT_EQ(first.CountCompChildren(site), 1);
   EXPECT_EQ(second.CountCompChildren(0), 0);  // NOLINT(bugprone-use-after-move)
-}
-
-TEST(TransportDocument, LoadingTextThatDoesNotParseLeavesAnEmptyTalven) {
-  Transport transport;
-  transport.RootName("OTHER");
-  transport.AddComponent(0, "old");
-  const auto error = testing::ErrorOf([&] { transport.TransportDoc("<A><B></A>"); });
-  EXPECT_EQ(error.number(), errObjectNotSet);
-  EXPECT_EQ(error.description(), "GetTransportDoc: Object variable or With block variable not set");
-  EXPECT_EQ(transport.RootName(), "TALVEN");
-  EXPECT_EQ(transport.TransportDoc(), kEmpty);
 }
 
 TEST(NodeStatus, ReadsTrimmedTextWithoutRegardToCase) {
@@ -97,6 +89,41 @@ TEST(NodeStatus, ReadsTrimmedTextWithoutRegardToCase) {
   node.remove_attribute("STATUS");
   node.append_attribute("status") = "NEW";
   EXPECT_EQ(GetNodeStatus(node), csNormal) << "the attribute name itself is exact";
+}
+
+TEST(Load, MergesUnderTheRootAndCarriesTheLoadPrefix) {
+  Transport transport;
+  transport.TransportDoc(
+      "<SURVEY><PROPERTY_DOMAINS><STATE>s</STATE></PROPERTY_DOMAINS><COLLECTION><L/></COLLECTION></SURVEY>");
+  EXPECT_EQ(transport.FindPropDomainByPropName("State"), 2);
+  EXPECT_EQ(transport.AddComponent(1, "M"), 3);
+  EXPECT_AUTOMATION_ERROR(transport.TransportDoc("<SURVEY><COMPONENT><A/></COMPONENT><COMPONENT><B><COLLECTION/></B>"
+                                                 "</COMPONENT></SURVEY>"),
+                          errObjectNotSet,
+                          "GetTransportDoc: MergeTransportIn: RecurseComponents: RecurseComponents: "
+                          "Object variable or With block variable not set");
+  EXPECT_EQ(transport.TransportDoc(),
+            "<SURVEY><DOMAIN/><PROPERTY_DOMAINS/><COMPONENT><A/></COMPONENT><COMPONENT><B/></COMPONENT></SURVEY>");
+}
+
+TEST(Load, AReloadPutsEachThingInTheOrderTheMergeTakesIt) {
+  Transport original;
+  original.AddPropDomain("State", "States");  // handle 1, before any component
+  const Long site = original.AddComponent(0, "Site");
+  original.AddComponent(site, "Child");
+  original.AddCompProperty(site, "Name", "x");          // after a sub-component
+  original.AddCompAttachment(site, "<NOTE/>", vbTrue);  // after the properties
+  Transport loaded;
+  loaded.TransportDoc(original.TransportDoc());
+  const std::string reloaded =
+      "<TALVEN><DOMAIN/><PROPERTY_DOMAINS><STATE>States</STATE></PROPERTY_DOMAINS><COMPONENT><SITE><ATTACHMENTS>"
+      "<NOTE persist=\"true\"/></ATTACHMENTS><COMPONENT><CHILD/></COMPONENT><PROPERTIES><NAME xml:space=\"preserve\">"
+      "x</NAME></PROPERTIES></SITE></COMPONENT></TALVEN>";
+  EXPECT_EQ(loaded.TransportDoc(), reloaded);
+  EXPECT_EQ(loaded.FindChildCompByName(1, "Child"), 2);
+  EXPECT_EQ(loaded.FindPropDomainByPropName("State"), 3);
+  loaded.TransportDoc(reloaded);
+  EXPECT_EQ(loaded.TransportDoc(), reloaded);  // and stays so
 }
 
 }  // namespace

@@ -1,29 +1,16 @@
 // The error contract of the operations: for each failing call, the number, source and
 // description that reach the caller. One table, one test body.
-#include <gtest/gtest.h>
-
 #include <functional>
 
-#include "support/errors.hpp"
-#include "varnex/transport.hpp"
+#include "transport/exchange_fixture.hpp"
 
 namespace varnex {
 namespace {
 
-// A document with a component holding a property and an attachment, a collection with a member,
-// a domain with an item, and a link; the handles are fixed by the order of the additions.
-constexpr Long kSite = 1, kVisits = 2, kVisit = 3, kUnknown = 99;
-
-void Build(Transport& t) {
-  t.AddComponent(0, "site");
-  t.AddCollection(kSite, "visits");
-  t.AddComponent(kVisits, "visit");
-  t.AddCompProperty(kSite, "name", "North");
-  t.AddCompAttachment(kSite, "<NOTE/>");
-  t.AddDomain("Colour");
-  t.AddDomainItem(1);
-  t.AddPropDomain("Colour", "Colour");
-}
+using testing::kSite;
+using testing::kVisit;
+using testing::kVisits;
+constexpr Long kUnknown = 99;
 
 struct Row {
   const char* what;
@@ -102,7 +89,7 @@ const Row kRows[] = {
 TEST(ErrorContract, EveryFailingCallRaisesItsNumberSourceAndDescription) {
   for (const Row& row : kRows) {
     Transport t;
-    Build(t);
+    testing::BuildSample(t);
     const AutomationError error = testing::ErrorOf([&] { row.call(t); });
     EXPECT_EQ(error.number(), row.number) << row.what;
     EXPECT_EQ(error.source(), row.source) << row.what;

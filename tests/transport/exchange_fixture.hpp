@@ -12,6 +12,22 @@
 
 namespace varnex::testing {
 
+// One of everything, the handles fixed by the order of the additions: component 1 "SITE" with the
+// property "NAME", the free attribute "REGION" and the attachment "NOTE", collection 2 "VISITS"
+// holding component 3, domain 1 "RESULT" whose item 1 has the property "CODE", and link 4 from "P".
+constexpr Long kSite = 1, kVisits = 2, kVisit = 3;
+inline void BuildSample(Transport& t) {
+  t.AddComponent(0, "Site");
+  t.AddCollection(kSite, "Visits");
+  t.AddComponent(kVisits, "Visit");
+  t.AddCompProperty(kSite, "NAME", "North");
+  t.AddCompAttribute(kSite, "REGION", "east");
+  t.AddCompAttachment(kSite, "<NOTE/>");
+  t.AddDomainItem(t.AddDomain("RESULT"));
+  t.AddDomainProperty(1, 1, "CODE", "P");
+  t.AddPropDomain("P", "RESULT");
+}
+
 // Puts the components of "<TALVEN>...</TALVEN>" into the document exactly as written and gives
 // every component and collection a handle, in document order.
 inline void Adopt(Transport& transport, const std::string& components) {

@@ -1,4 +1,7 @@
-// Giving the document out: whole, reduced to its changes, or without the domain sections.
+// Giving the document out: whole, reduced to its changes, or without the domain sections; the
+// reduction rule of TrimDocument and TrimDocument2 on documents of the caller's own; and the
+// memory budget of the reduced forms, which count every wrapper they take as
+// "<COMPONENT></COMPONENT>" (23 bytes), whatever text it really takes.
 #include "transport/exchange_fixture.hpp"
 #include "transport/root_wrappers.hpp"
 
@@ -69,16 +72,21 @@ TEST(GenerateTransportDoc, LoadingRulesShowInTheReducedForms) {
   const std::string reloaded = "<TALVEN><COMPONENT><S STATUS=\"MODIFIED\"><PROPERTIES><P xml:space=\"preserve\">"
                                "1\n2\n3</P></PROPERTIES></S></COMPONENT></TALVEN>";
   EXPECT_EQ(transport.GenerateTransportDoc(tmMedium) + transport.GenerateTransportDoc(tmShort), reloaded + reloaded);
-  // Blank text stays under xml:space="preserve" only; a processing instruction keeps its CR.
-  transport.AddCompProperty(site, "Q", "  ");
+  // A processing instruction keeps its CR...
   pugi::xml_node element = testing::Internals(transport).NodeOf(site);
+  pugi::xml_node pi = element.append_child(pugi::node_pi);
+  pi.set_name("pi");
+  pi.set_value("a\r\nb");
+  const std::string with_pi = reloaded.substr(0, reloaded.find("</S>")) + "<?pi a\r\nb?></S></COMPONENT></TALVEN>";
+  EXPECT_EQ(transport.GenerateTransportDoc(tmMedium) + transport.GenerateTransportDoc(tmShort), with_pi + with_pi);
+  // ... and blank text stays under xml:space="preserve" only.
+  testing::Internals(transport).NodeOf(site).remove_child(pi);
+  transport.AddCompProperty(site, "Q", "  ");
   testing::Internals(transport).document->SetText(element.append_child("LOOSE"), " ");
-  element.append_child(pugi::node_pi).set_name("pi");
-  element.last_child().set_value("a\r\nb");
-  const std::string kept = reloaded.substr(0, reloaded.find("</PROPERTIES>")) + "<Q xml:space=\"preserve\">  </Q>" +
-                           "</PROPERTIES><LOOSE/><?pi a\r\nb?></S></COMPONENT></TALVEN>";
-  EXPECT_EQ(transport.GenerateTransportDoc(tmMedium) + transport.GenerateTransportDoc(tmShort), kept + kept);
   EXPECT_NE(transport.GenerateTransportDoc(tmFull).find("<LOOSE> </LOOSE>"), std::string::npos);
+  const std::string loose = reloaded.substr(0, reloaded.find("</PROPERTIES>")) +
+                            "<Q xml:space=\"preserve\">  </Q></PROPERTIES><LOOSE/></S></COMPONENT></TALVEN>";
+  EXPECT_EQ(transport.GenerateTransportDoc(tmMedium) + transport.GenerateTransportDoc(tmShort), loose + loose);
 }
 
 TEST(GenerateTransportDoc, Failures) {
@@ -105,6 +113,90 @@ TEST(GenerateTransportDoc, Failures) {
   // A root name that XPath refuses.
   transport.RootName("a:b:c");
   EXPECT_EQ(ErrorOf([&] { transport.GenerateTransportDoc(tmMedium); }).number(), errXml);
+}
+
+// Trims the document element of the text once; the text left and the kill flag, as "text|-1".
+std::string Trim(const std::string& text, bool mild = false) {
+  Transport transport;
+  pugi::xml_document document;
+  EXPECT_TRUE(xml::LoadText(document, text));
+  pugi::xml_node top = document.document_element();
+  Boolean kill = mild ? vbFalse : vbTrue;  // the value passed in is ignored
+  if (mild) {
+    transport.TrimDocument2(document, top, kill);
+  } else {
+    transport.TrimDocument(document, top, kill);
+  }
+  return xml::Serialize(document) + "|" + std::to_string(kill);
+}
+
+TEST(TrimDocument, KillFlagAndOnePass) {
+  // Property marks do not count, only the component's own status.
+  EXPECT_EQ(Trim("<A><PROPERTIES><P STATUS=\"NEW\"/></PROPERTIES></A>"),
+            "<A><PROPERTIES><P STATUS=\"NEW\"/></PROPERTIES></A>|-1");
+  EXPECT_EQ(Trim("<A STATUS=\" modified \"/>"), "<A STATUS=\" modified \"/>|0");
+  EXPECT_EQ(Trim("<A><ATTACHMENTS><M persist=\"TRUE\"/></ATTACHMENTS></A>"),
+            "<A><ATTACHMENTS><M persist=\"TRUE\"/></ATTACHMENTS></A>|0");
+  // B, D and E go; A and C had sub-components when judged and stay as shells; a second pass
+  // takes C.
+  const std::string once = "<R><COMPONENT><A><P/><COMPONENT><B/></COMPONENT><collection><C><COMPONENT><D/>"
+                           "</COMPONENT></C></collection></A></COMPONENT><COMPONENT><E/></COMPONENT></R>";
+  EXPECT_EQ(Trim(once), "<R><COMPONENT><A><P/><collection><C/></collection></A></COMPONENT></R>|0");
+  EXPECT_EQ(Trim("<R><COMPONENT><A><P/><collection><C/></collection></A></COMPONENT></R>"),
+            "<R><COMPONENT><A><P/></A></COMPONENT></R>|0");
+}
+
+TEST(TrimDocument, OneAttachmentAndThePrototypePerNode) {
+  const std::string kept = "<A STATUS=\"NEW\"><ATTACHMENTS><K persist=\"true\"/>";
+  EXPECT_EQ(Trim(kept + "<ONE/><TWO persist=\"no\"/></ATTACHMENTS><PROTOTYPE/><PROTOTYPE><X/></PROTOTYPE></A>"),
+            kept + "<TWO persist=\"no\"/></ATTACHMENTS><PROTOTYPE><X/></PROTOTYPE></A>|0");
+  // The mild form keeps every component, and attachments that do not say "persist".
+  EXPECT_EQ(Trim("<R><COMPONENT><A><ATTACHMENTS><ONE/><TWO persist=\"no\"/><III persist=\"0\"/></ATTACHMENTS>"
+                 "<PROTOTYPE/></A></COMPONENT></R>", true),
+            "<R><COMPONENT><A><ATTACHMENTS><ONE/><III persist=\"0\"/></ATTACHMENTS></A></COMPONENT></R>|0");
+}
+
+TEST(TrimDocument, FailuresCarryOnePrefixPerLevel) {
+  Transport transport;
+  pugi::xml_document document;
+  pugi::xml_node top;
+  Boolean kill = vbFalse;
+  EXPECT_EQ(ErrorOf([&] { transport.TrimDocument(document, top, kill); }).description(),
+            "TrimDocument: Object variable or With block variable not set");
+  ASSERT_TRUE(
+      xml::LoadText(document, "<R><COMPONENT><A><COLLECTION><B><COMPONENT/></B></COLLECTION></A></COMPONENT></R>"));
+  top = document.document_element();
+  EXPECT_AUTOMATION_ERROR(transport.TrimDocument2(document, top, kill), errObjectNotSet,
+                          "TrimDocument2: TrimDocument2: TrimDocument2: TrimDocument2: "
+                          "Object variable or With block variable not set");
+}
+
+// Restores the default budget when a test ends.
+struct BudgetGuard {
+  ~BudgetGuard() { SetOperationMemoryBudget(0); }
+};
+
+TEST(AnswerBudget, ReducedFormsCountEveryWrapperTakenAtItsFullTags) {
+  BudgetGuard guard;
+  constexpr int kEmpty = 200;
+  Transport t;
+  const Long order = t.AddComponent(0, "ORDER");
+  std::string note = "<NOTE persist=\"true\">";
+  for (int i = 0; i < kEmpty; ++i) note += i % 2 ? "<COMPONENT/>" : "<collection/>";
+  note += "</NOTE>";
+  t.AddCompAttachment(order, note, vbTrue);
+  constexpr std::uint64_t kTaken = kEmpty + 1;  // the order's own wrapper as well
+  for (const enTransportMode mode : {tmShort, tmMedium}) {
+    SCOPED_TRACE(mode);
+    const std::string answer = t.GenerateTransportDoc(mode);
+    ASSERT_NE(answer.find("<collection/>"), std::string::npos);
+    ASSERT_LT(answer.size(), kTaken * 23 - 1);  // the text alone fits either budget below
+    SetOperationMemoryBudget(kTaken * 23);
+    EXPECT_EQ(t.GenerateTransportDoc(mode), answer);
+    SetOperationMemoryBudget(kTaken * 23 - 1);
+    EXPECT_EQ(ErrorOf([&] { t.GenerateTransportDoc(mode); }).number(), errOutOfMemory);
+    SetOperationMemoryBudget(0);
+  }
 }
 
 }  // namespace

@@ -1,10 +1,9 @@
 // Long random sequences of public calls, valid and invalid, on one document: every call answers
-// or raises an automation error, the document's text always loads again, and the child and
-// property indexes kept up as the document changes answer as a full rebuild. After every call the kept-up
-// indexes are compared with indexes rebuilt from scratch, the way a rebuild marked stale reads
-// the document: at a rebuild point (an index marked stale brought up to date, as any read does)
-// they must equal the rebuild of the document as it then is; between rebuild points they must
-// still hold what the last rebuild found, whatever the document did since.
+// or raises an automation error, the document's text always loads again, and the indexes kept up
+// as the document changes answer as a full rebuild. After every call they are compared with
+// indexes rebuilt from scratch: at a rebuild point (a stale index brought up to date, as any read
+// does) with the rebuild of the document as it then is; between rebuild points with what the last
+// rebuild found, whatever the document did since.
 #include <gtest/gtest.h>
 
 #include <map>

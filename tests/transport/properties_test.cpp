@@ -1,4 +1,5 @@
-// Component properties: adding, numbering, finding, reading, and the marks a change leaves.
+// Component properties: adding, numbering, finding, reading, walking them with a range, and the
+// marks a change leaves.
 
 #include <ostream>
 
@@ -115,6 +116,19 @@ TEST(PropertyFailures, CarryTheOperationsNamesAndKeepEarlierWrites) {
   EXPECT_AUTOMATION_ERROR(Read(t, h, 1), errDuplicateKey, "GetCompProperty: CheckAndRebuildPropIndexes: " + duplicate);
   EXPECT_AUTOMATION_ERROR(t.GetCompPropStatus(h, 1), errDuplicateKey,
                           "GetCompPropStatus: GetCompProperty: CheckAndRebuildPropIndexes: " + duplicate);
+}
+
+TEST(Ranges, PropertiesWithTheirNumbersValuesAndMarks) {
+  Transport t;
+  const Long site = t.AddComponent(0, "site");
+  t.AddCompProperty(site, "name", "North");
+  t.AddCompProperty(site, "size", "3");
+  t.ModifyCompProperty(site, 2, "4");
+  std::string read;
+  for (const PropertyInfo& p : t.Properties(site)) {
+    read += std::to_string(p.position) + p.name + "=" + p.value + "/" + p.original + "/" + to_string(p.status) + ";";
+  }
+  EXPECT_EQ(read, "1NAME=North//csNormal;2SIZE=4/3/csModified;");
 }
 
 }  // namespace

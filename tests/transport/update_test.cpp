@@ -46,6 +46,11 @@ TEST(UpdateDocument, MissingOwnComponentsFailAfterEarlierValuesWereCopied) {
                           "Object variable or With block variable not set");
   EXPECT_NE(Components(transport).find("<C>6</C>"), std::string::npos);
   EXPECT_NE(Components(transport).find("<D>5</D>"), std::string::npos);
+  // Properties returned for an own wrapper left empty by a failed addition.
+  Transport empty;
+  EXPECT_THROW(empty.AddComponent(0, ""), AutomationError);
+  EXPECT_AUTOMATION_ERROR(empty.UpdateDocument("<TALVEN>" + t + "</TALVEN>"), errObjectNotSet,
+                          "UpdateDocument: RecurseCopyProperties: Object variable or With block variable not set");
 }
 
 TEST(UpdateDocument, TextWrittenOverAComponentKeepsItsChildrenAnswering) {

@@ -1,4 +1,5 @@
-// Free attributes and attachments of components.
+// Free attributes and attachments of components, and prototypes: default properties kept on
+// collections.
 #include "transport/exchange_fixture.hpp"
 
 namespace varnex {
@@ -46,6 +47,26 @@ TEST(Attachments, AreKeptAsGivenAndFoundByExactName) {
   EXPECT_EQ(Xml(t, odd), "<ODD><ATTACHMENTS><!--c--><C persist=\"true\"/></ATTACHMENTS></ODD>");
   EXPECT_TRUE(impl.NodeHasPersistantAttachments(impl.NodeOf(odd)));
   EXPECT_EQ(testing::ErrorOf([&] { t.GetCompAttachment(kept, "two words"); }).number(), errXml);  // an XPath step
+}
+
+TEST(Prototypes, CollectionsKeepDefaultsInOrderComponentsRefuseThemRepeatedNamesFailOnReading) {
+  Transport t;
+  const Long visits = t.AddCollection(0, "visits");
+  const Long visit = t.AddComponent(visits, "visit");
+  const auto text = [&] { return xml::Serialize(testing::Internals(t).NodeOf(visits)); };
+  EXPECT_THROW(t.AddCompPrototypeProperty(visits, "two words"), AutomationError);
+  EXPECT_EQ(text(), "<VISITS><COMPONENT><VISIT/></COMPONENT><PROTOTYPE/></VISITS>") << "the list made first stays";
+  EXPECT_EQ(t.AddCompPrototypeProperty(visits, "Colour", "red"), vbTrue);
+  t.AddCompPrototypeProperty(visits, "size");
+  EXPECT_EQ(text(), "<VISITS><COMPONENT><VISIT/></COMPONENT><PROTOTYPE><COLOUR>red</COLOUR><SIZE/></PROTOTYPE></VISITS>");
+  Dictionary defaults = t.GetCompPrototypeProperties(visits);
+  EXPECT_EQ(defaults.Keys(), (std::vector<std::string>{"COLOUR", "SIZE"}));
+  EXPECT_EQ(defaults.Item("COLOUR").AsString(), "red");
+  EXPECT_FALSE(defaults.Exists("colour")) << "keys compare exactly";
+  EXPECT_EQ(t.GetCompPrototypeProperties(visit).Count(), 0);
+  t.AddCompPrototypeProperty(visits, "colour", "blue");
+  EXPECT_AUTOMATION_ERROR_FROM(t.GetCompPrototypeProperties(visits), errDuplicateKey, "Transport",
+                               "GetCompPrototypeProperties: This key is already associated with an element of this collection");
 }
 
 }  // namespace

@@ -7,7 +7,6 @@ dc.Data = "<R><COLLECTION><L><COMPONENT><I><PROPERTIES><A>1</A><B>2</B></PROPERT
 check("Count as a property", dc.Count, 2);
 var row = dc.Item(1);
 check("Item called as a method", row.Item("a"), "1");
-check("row Count as a property", row.Count, 2);
 check("PropertyNames called as a method", dc.PropertyNames(2), "B");
 
 var values = [];
@@ -19,8 +18,7 @@ check("Enumerator over the items and their values", values.join(","), "1,2,3,4")
 var t = new ActiveXObject("Varnex.Transport");
 check("a method without arguments as a property", t.CountDomains, 0);
 check("a property get called as a method", t.RootName(), "TALVEN");
-var site = t.AddComponent(0, "Site");
-check("AddComponent", site, 1);
+t.AddComponent(0, "Site");
 check("an omitted optional argument", t.CountCompChildren(0), 1);
 
 finish();

@@ -1,6 +1,7 @@
 // BindToGrid against a fake grid control reached late-bound as a real one: its type information
 // names it, and it records every call with its arguments as they arrived. What BindToGrid does
 // with a grid is tested on the core; here the calls must reach the control whole.
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -23,8 +24,7 @@ ComPtr<ITypeInfo> TypeInfoNamed(const wchar_t* name) {
 // A grid of three columns and one row; gets answer from fixed values, puts are only recorded.
 class FakeGrid final : public IDispatch {
  public:
-  std::vector<std::wstring> calls;  // every call, as "get colwidth(1)" or "let Cell(0,0,2)=Code"
-  bool got_data_source = false;     // the object set as DataSource answers as a data source
+  std::vector<std::wstring> calls;  // every call, as "get colwidth(1)" or "let Cell(0,0,2)=Code" or "set DataSource"
 
   HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) override {
     *object = IsEqualIID(iid, IID_IUnknown) || IsEqualIID(iid, IID_IDispatch) ? this : nullptr;
@@ -60,12 +60,12 @@ class FakeGrid final : public IDispatch {
     if (params->cArgs > (put ? 1u : 0u)) call += L")";
     const VARIANT& value = params->rgvarg[0];
     if (put && id != kDataSource) call += L"=" + (value.vt == VT_BSTR ? std::wstring(value.bstrVal) : std::to_wstring(value.lVal));
-    calls.push_back(call);
     if (id == kDataSource) {
       ComPtr<DataSource> source;
       params->rgvarg[0].pdispVal->QueryInterface(IID_DataSource, reinterpret_cast<void**>(source.put()));
-      got_data_source = static_cast<bool>(source);
+      if (!source) call += L" (no data source)";
     }
+    calls.push_back(call);
     if (put) return S_OK;
     VariantInit(result);
     result->vt = VT_I4;
@@ -93,25 +93,15 @@ TEST_F(ServerTest, BindToGridDrivesAGridLateBound) {
   ASSERT_TRUE(collection);
   FakeGrid grid;
   IDispatch* control = &grid;
-  Bstr columns;
-  Bstr property;
+  Bstr none;
   VARIANT_BOOL result = VARIANT_TRUE;
-  ASSERT_EQ(collection->BindToGrid(&control, columns.get(), property.get(), &result), S_OK);
+  ASSERT_EQ(collection->BindToGrid(&control, none.get(), none.get(), &result), S_OK);
   EXPECT_EQ(result, VARIANT_FALSE);
-  const std::vector<std::wstring> expected = {
-      L"get cols",
-      L"get colwidth(0)", L"get rows", L"get Cell(0,0,0)",
-      L"get colwidth(1)", L"get rows", L"get Cell(0,0,1)",
-      L"get colwidth(2)", L"get rows", L"get Cell(0,0,2)",
-      L"get cols", L"get ColDataType(0)", L"get ColDataType(1)", L"get ColDataType(2)",
-      L"set DataSource",
-      L"get cols",
-      L"let colwidth(0)=100", L"get rows", L"let Cell(0,0,0)=Name", L"let ColDataType(0)=8",
-      L"let colwidth(1)=200", L"get rows", L"let Cell(0,0,1)=Code", L"let ColDataType(1)=8",
-      L"let colwidth(2)=300", L"get rows", L"let Cell(0,0,2)=Active", L"let ColDataType(2)=11",
-  };
-  EXPECT_EQ(grid.calls, expected);
-  EXPECT_TRUE(grid.got_data_source);
+  // The order of the calls is the core's; here each kind of call must reach the control whole.
+  for (const wchar_t* call : {L"get Cell(0,0,1)", L"let colwidth(1)=200", L"let Cell(0,0,2)=Active",
+                              L"let ColDataType(2)=11", L"set DataSource"}) {
+    EXPECT_NE(std::find(grid.calls.begin(), grid.calls.end(), call), grid.calls.end()) << call;
+  }
 }
 
 }  // namespace

@@ -1,27 +1,14 @@
 #include "server.hpp"
 
 namespace varnex::client {
-namespace {
-
-template <typename Function>
-Function Export(const char* name) {
-  HMODULE dll = GetModuleHandleW(L"varnex.dll");
-  if (dll == nullptr) {
-    // Loads the registered DLL the way every client does.
-    Create<IUnknown>(CLSID_Transport, IID_IUnknown);
-    dll = GetModuleHandleW(L"varnex.dll");
-  }
-  return dll == nullptr ? nullptr : reinterpret_cast<Function>(GetProcAddress(dll, name));
-}
-
-using Entry = HRESULT(STDAPICALLTYPE*)();
 
 HRESULT CallExport(const char* name) {
-  const Entry entry = Export<Entry>(name);
+  // The first creation loads the registered DLL the way every client does.
+  if (GetModuleHandleW(L"varnex.dll") == nullptr) Create<IUnknown>(CLSID_Transport, IID_IUnknown);
+  const HMODULE dll = GetModuleHandleW(L"varnex.dll");
+  const auto entry = dll == nullptr ? nullptr : reinterpret_cast<HRESULT(STDAPICALLTYPE*)()>(GetProcAddress(dll, name));
   return entry == nullptr ? E_FAIL : entry();
 }
-
-}  // namespace
 
 ErrorObject TakeErrorObject() {
   ErrorObject error;
@@ -37,20 +24,15 @@ ErrorObject TakeErrorObject() {
   return error;
 }
 
-HRESULT CanUnloadNow() { return CallExport("DllCanUnloadNow"); }
-HRESULT RegisterServer() { return CallExport("DllRegisterServer"); }
-HRESULT UnregisterServer() { return CallExport("DllUnregisterServer"); }
-
 ComPtr<_DataCollection> SampleCollection() {
   ComPtr<_DataCollection> collection = Create<_DataCollection>(CLSID_DataCollection);
-  if (!collection) return collection;
   Bstr text(
       L"<R><COLLECTION><L>"
       L"<COMPONENT><I><PROPERTIES><NAME>North</NAME><CODE>N</CODE><ACTIVE>yes</ACTIVE></PROPERTIES></I></COMPONENT>"
       L"<COMPONENT><I><PROPERTIES><NAME>South</NAME><CODE>S</CODE><ACTIVE>no</ACTIVE></PROPERTIES></I></COMPONENT>"
       L"</L></COLLECTION></R>");
   BSTR data = text.get();
-  if (FAILED(collection->put_Data(&data))) return {};
+  if (!collection || FAILED(collection->put_Data(&data))) return {};
   return collection;
 }
 

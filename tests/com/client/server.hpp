@@ -57,17 +57,9 @@ ComPtr<Interface> Create(REFCLSID clsid, REFIID iid = __uuidof(Interface)) {
   CoCreateInstance(clsid, nullptr, CLSCTX_INPROC_SERVER, iid, reinterpret_cast<void**>(object.put()));
   return object;
 }
-template <typename Interface>
-ComPtr<Interface> Create(const wchar_t* prog_id, REFIID iid) {
-  CLSID clsid{};
-  if (FAILED(CLSIDFromProgID(prog_id, &clsid))) return {};
-  return Create<Interface>(clsid, iid);
-}
 
-// The exports of the loaded varnex.dll (loaded by the first creation if need be).
-HRESULT CanUnloadNow();
-HRESULT RegisterServer();
-HRESULT UnregisterServer();
+// Calls an export of varnex.dll without arguments ("DllCanUnloadNow"), loading the DLL if need be.
+HRESULT CallExport(const char* name);
 
 // A DataCollection over items of the properties NAME, CODE and ACTIVE.
 ComPtr<_DataCollection> SampleCollection();
@@ -75,7 +67,7 @@ ComPtr<_DataCollection> SampleCollection();
 // Every test leaves nothing alive: afterwards the DLL may be unloaded.
 class ServerTest : public testing::Test {
  protected:
-  void TearDown() override { EXPECT_EQ(CanUnloadNow(), S_OK) << "an object of varnex.dll is still alive"; }
+  void TearDown() override { EXPECT_EQ(CallExport("DllCanUnloadNow"), S_OK) << "an object of varnex.dll is still alive"; }
 };
 
 }  // namespace varnex::client

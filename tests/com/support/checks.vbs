@@ -14,21 +14,10 @@ Sub Check(name, actual, expected)
   End If
 End Sub
 
-' The subtype as VarType tells it: 3 Long, 8 String, 11 Boolean.
-Sub CheckType(name, value, expected)
-  Check name & " (VarType)", VarType(value), expected
-End Sub
-
 ' Checks the error that the statement before raised (under On Error Resume Next), then clears it.
 Sub CheckError(name, number, source, description)
-  Dim n, s, d
-  n = Err.Number
-  s = Err.Source
-  d = Err.Description
+  Check name, Err.Number & " " & Err.Source & ": " & Err.Description, number & " " & source & ": " & description
   Err.Clear
-  Check name & " (number)", n, number
-  Check name & " (source)", s, source
-  Check name & " (description)", d, description
 End Sub
 
 ' Prints the summary line that tests/com/run reads, and sets the exit code.

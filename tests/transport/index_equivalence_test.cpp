@@ -21,17 +21,13 @@
 namespace varnex {
 namespace {
 
-bool IsWrapperElement(pugi::xml_node node) {
-  return xml::ElementNamed(node, "COMPONENT") || xml::ElementNamed(node, "COLLECTION");
-}
-
 // What a full rebuild of the child index finds: per parent, the live and the deleted children.
 struct ChildRebuild {
   std::map<Long, std::vector<Long>> live, deleted;
 
   explicit ChildRebuild(const Transport::Impl& impl) {
     xml::WalkElements(impl.root, [&](pugi::xml_node wrapper) {
-      if (!IsWrapperElement(wrapper)) return true;
+      if (!xml::ElementNamed(wrapper, "COMPONENT") && !xml::ElementNamed(wrapper, "COLLECTION")) return true;
       const pugi::xml_node parent = wrapper.parent();
       const bool root_named = xml::LocalNameIs(parent, impl.root_name);
       const Long key = root_named ? 0 : impl.HandleOf(parent);

@@ -115,10 +115,9 @@ class IndexEquivalence {
     return fragments[Pick(0, 4)];
   }
   std::string Document() {
-    switch (Pick(0, 5)) {
-      case 0: return transport_.GenerateTransportDoc(tmFull);
-      case 1: return transport_.GenerateTransportDoc(tmShort);
-      case 2: return transport_.GenerateTransportDoc(tmMedium);
+    const Long pick = Pick(0, 5);  // 0 to 2: the own document as each mode gives it
+    if (pick <= tmMedium) return transport_.GenerateTransportDoc(static_cast<enTransportMode>(pick));
+    switch (pick) {
       case 3:
         return "<TALVEN><COMPONENT><A STATUS=\"DELETED\"><PROPERTIES><P>1</P><Q STATUS=\"NEW\">2</Q></PROPERTIES>"
                "<COLLECTION><B><COMPONENT><C STATUS=\"NEW\"/></COMPONENT><COMPONENT><D/></COMPONENT></B>"

@@ -30,20 +30,21 @@ TEST(DataCollectionProviderTest, ColumnsComeFromTheFieldListOrTheCollectionsName
   EXPECT_TRUE(provider.getVariant(1, 2, 0).IsEmpty());
 
   provider.LoadData(Loaded(testing::Rows("ROWS", Row({}))), kNoTypes);
-  EXPECT_EQ(provider.getColumnCount(), 0);
-  EXPECT_EQ(provider.getRowCount(), 1);
+  EXPECT_EQ(ProviderCells(provider), (Cells{{}, {}})) << "no columns, one row";
 }
 
 TEST(DataCollectionProviderTest, BooleanColumnsReadYesOneAndTrueAsTrue) {
   const std::vector<std::string> values{"yes", "YES", "1", "True", "tRuE", "no", "0", "Y", "", "-1", " yes"};
   std::string rows;
-  for (const std::string& value : values) rows += Row({{"Flag", value}, {"Text", value}});
+  for (const std::string& value : values) rows += Row({{"Flag", value}, {"Count", value}, {"Text", value}});
   DataCollectionProvider provider;
-  provider.LoadData(Loaded(testing::Rows("ROWS", rows)), std::vector<Long>{vbBoolean});  // column 2 has no type
+  // Column 2 has another type, column 3 none: both read as text.
+  provider.LoadData(Loaded(testing::Rows("ROWS", rows)), std::vector<Long>{vbBoolean, vbLong});
   for (std::size_t i = 0; i < values.size(); ++i) {
     const Long row = static_cast<Long>(i + 1);
     EXPECT_EQ(provider.getVariant(row, 1, 0), Variant::FromBoolean(i < 5 ? vbTrue : vbFalse)) << values[i];
     EXPECT_EQ(provider.getVariant(row, 2, 0), Variant(values[i]));
+    EXPECT_EQ(provider.getVariant(row, 3, 0), Variant(values[i]));
   }
 }
 

@@ -14,19 +14,17 @@ using testing::Row;
 using testing::Rows;
 using testing::Wrapped;
 
-std::vector<std::vector<std::string>> Values(const DataCollection& data) {
-  std::vector<std::vector<std::string>> rows;
+using Table = std::vector<std::vector<std::string>>;
+
+// The column names, then the values of each item as the collection walks them.
+Table Values(DataCollection& data) {
+  Table rows(1);
+  for (Long i = 1; i <= data.CountPropertyNames(); ++i) rows[0].push_back(data.PropertyNames(i));
   for (const std::shared_ptr<Collection> item : data) {
     std::vector<std::string>& row = rows.emplace_back();
     for (const Variant& value : *item) row.push_back(value.AsString());
   }
   return rows;
-}
-
-std::vector<std::string> Columns(DataCollection& data) {
-  std::vector<std::string> names;
-  for (Long i = 1; i <= data.CountPropertyNames(); ++i) names.push_back(data.PropertyNames(i));
-  return names;
 }
 
 const std::string kPeople = Rows("PEOPLE", Row({{"NAME", "Ann"}, {"PAID", "yes"}}) + Row({{"NAME", "Bob"}, {"PAID", "no"}}));
@@ -39,8 +37,7 @@ TEST(DataCollectionTest, TheFirstCollectionUnderTheRootGivesTheItems) {
                            "<A STATUS=\"MODIFIED\" ORIGINAL=\"before\">after</A></PROPERTIES></ROW></COMPONENT>";
   const auto data = std::make_shared<DataCollection>();
   data->Data(Document(Wrapped("COMPONENT", "SITE", {{"NAME", "North"}}) + Rows("ROWS", rows) + kPeople));
-  EXPECT_EQ((std::vector<std::string>{"A", "B"}), Columns(*data));
-  EXPECT_EQ(Values(*data), (std::vector<std::vector<std::string>>{{"1", "2"}, {}, {"3", "4"}, {"after"}}));
+  EXPECT_EQ(Values(*data), (Table{{"A", "B"}, {"1", "2"}, {}, {"3", "4"}, {"after"}}));
   EXPECT_EQ(data->Item(3)->Item("c").AsString(), "4");
   EXPECT_AUTOMATION_ERROR(data->Item(3)->Item("A"), errInvalidProcedureCall, "Invalid procedure call or argument");
   // Items have no keys: text, even a number's, is an unknown key.
@@ -56,7 +53,7 @@ TEST(DataCollectionTest, EachLoadReplacesTheLastAndAFailedOneLeavesNothing) {
   data.Data(Document(kPeople));
   const auto kept = data.Item(1);
   data.Data(Document(Rows("ROWS", Row({{"Z", "9"}}))));
-  EXPECT_EQ((std::vector<std::string>{"Z"}), Columns(data));
+  EXPECT_EQ(Values(data), (Table{{"Z"}, {"9"}}));
   EXPECT_EQ(kept->Item("NAME").AsString(), "Ann");  // lives on with its holder
 
   const std::string repeated_property = Document(Rows("ROWS", Row({{"A", "1"}}) + Row({{"A", "1"}, {"A", "2"}})));

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "support/errors.hpp"
+#include "support/provider_cells.hpp"
 #include "varnex/data_collection.hpp"
 #include "varnex/data_collection_source.hpp"
 
@@ -45,13 +46,11 @@ class FakeGrid : public LateBound {
     if (member != "DataSource") return void(Unexpected("Set " + member));
     source = object.AsObjectOf<DataCollectionSource>();
     try {
-      const auto provider = source->GetDataMember();
-      const Long cols = provider->getColumnCount();
-      widths.assign(static_cast<std::size_t>(cols), Variant(-1));
-      types.assign(static_cast<std::size_t>(cols), Variant(0));
-      captions.clear();
-      for (Long i = 1; i <= cols; ++i) captions.push_back(provider->getVariant(0, i, 0));
-      rows = provider->getRowCount() + 1;
+      const std::vector<Texts> cells = testing::ProviderCells(*source->GetDataMember());  // names first
+      widths.assign(cells[0].size(), Variant(-1));
+      types.assign(cells[0].size(), Variant(0));
+      captions.assign(cells[0].begin(), cells[0].end());
+      rows = static_cast<Long>(cells.size());
     } catch (const AutomationError& error) {
       request_error = error.description();
     }

@@ -18,12 +18,6 @@ TEST(FreeAttributes, AreSetReplacedAndReadWithoutMarkingAChange) {
   EXPECT_EQ(Xml(t, h), "<SITE ID=\"8\" note=\"\"/>");
   EXPECT_EQ(t.GetComponentStatus(h), csNormal);
   EXPECT_THROW(t.GetCompAttribute(h, "id"), AutomationError) << "attribute names compare exactly";
-  t.AddCompProperty(h, "a", "1");
-  testing::Internals(t).document->AppendElement(testing::Internals(t).NodeOf(h), "PROPERTIES");  // the index cannot be rebuilt
-  t.AddCompProperty(h, "b", "2");
-  EXPECT_AUTOMATION_ERROR(t.GetCompAttribute(h, "ID"), errDuplicateKey,
-                          "GetCompAttribute: Error Rebuilding Indexes: CheckAndRebuildPropIndexes: This key is "
-                          "already associated with an element of this collection");
 }
 
 TEST(Attachments, AreKeptAsGivenAndFoundByExactName) {

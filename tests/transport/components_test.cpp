@@ -1,29 +1,12 @@
-// Adding, finding and reading components and collections through handles, walking the children
-// with a range, and the names of the enumerations.
-#include <gtest/gtest.h>
-
-#include <vector>
-
-#include "support/errors.hpp"
-#include "runtime/xml.hpp"
-#include "support/internals.hpp"
-#include "varnex/transport.hpp"
+// Adding, finding and reading components and collections through handles and through the range
+// over children, and the names of the enumerations.
+#include "transport/exchange_fixture.hpp"
 
 namespace varnex {
 namespace {
 
-struct Read {
-  Long handle = -99;
-  std::string name = "unchanged";
-  enComponentStatus status = static_cast<enComponentStatus>(-7);
-  enComponentType type = static_cast<enComponentType>(-7);
-};
-
-Read Child(Transport& t, Long parent, Long k, Boolean ignore_deletes = vbFalse) {
-  Read r;
-  r.handle = t.GetCompChild(parent, k, r.name, r.status, r.type, ignore_deletes);
-  return r;
-}
+using testing::ChildOf;
+using testing::ComponentOf;
 
 TEST(AddingComponents, WritesWrappersAndUpperCasedNamesAndIssuesHandles) {
   Transport t;
@@ -57,13 +40,10 @@ TEST(AddingComponents, AnInvalidNameLeavesAnEmptyWrapperThatLaterCountsAsAChild)
   EXPECT_EQ(t.AddComponent(0, "b"), 2);
   EXPECT_EQ(t.CountCompChildren(0), 4) << "empty wrappers count as children once the index is rebuilt";
   // An empty wrapper, like a position beyond the children or an unknown parent, reads as the root.
-  for (const Read& root : {Child(t, 0, 2), Child(t, 0, 9), Child(t, 77, 1)}) {
-    EXPECT_EQ(root.handle, 0);
-    EXPECT_EQ(root.name, "TALVEN");
-    EXPECT_EQ(root.type, ctComponent);
-    EXPECT_EQ(root.status, csNormal);
+  for (const auto& [parent, k] : {std::pair{0, 2}, {0, 9}, {77, 1}}) {
+    EXPECT_EQ(ChildOf(t, parent, k), "0 TALVEN csNormal ctComponent") << parent << "," << k;
   }
-  EXPECT_EQ(Child(t, 0, 4).name, "B");
+  EXPECT_EQ(ChildOf(t, 0, 4), "2 B csNormal ctComponent");
 }
 
 TEST(ReadingComponents, ByHandleAndByNameInAnyCase) {
@@ -72,14 +52,9 @@ TEST(ReadingComponents, ByHandleAndByNameInAnyCase) {
   const Long visits = t.AddCollection(site, "visits");
   const Long visit = t.AddComponent(visits, "visit");
   const Long detail = t.AddComponent(visit, "detail");
-  Read r;
-  EXPECT_EQ(t.GetComponent(site, r.name, r.status, r.type), 1);
-  EXPECT_EQ(r.name + to_string(r.status) + to_string(r.type), "SITEcsModifiedctComponent");
-  t.GetComponent(visits, r.name, r.status, r.type);
-  EXPECT_EQ(r.name + to_string(r.status) + to_string(r.type), "VISITScsNormalctcollection");
-  r = Read{};
-  t.GetComponent(0, r.name, r.status, r.type);
-  EXPECT_EQ(r.name + to_string(r.status) + to_string(r.type), "TALVENcsNormal-7") << "the root has no wrapper";
+  EXPECT_EQ(ComponentOf(t, site) + ";" + ComponentOf(t, visits),
+            "1 SITE csModified ctComponent;1 VISITS csNormal ctcollection");
+  EXPECT_EQ(ComponentOf(t, 0), "1 TALVEN csNormal -7") << "the root has no wrapper";
   EXPECT_EQ(t.GetComponentStatus(site), csModified);
   // The collection that holds a component directly.
   EXPECT_EQ(t.ChildOfCollection(visit), "VISITS");
@@ -96,37 +71,40 @@ TEST(ReadingComponents, ByHandleAndByNameInAnyCase) {
   EXPECT_EQ(error.description().rfind("FindChildCompByName: XPath error", 0), 0u) << error.description();
 }
 
+// Through GetCompChild and through the range, which reads each child with it.
 TEST(ReadingComponents, ChildrenComeLiveFirstThenDeleted) {
   Transport t;
   const Long p = t.AddComponent(0, "p");
-  const Long first = t.AddComponent(p, "first");
-  const Long gone = t.AddCollection(p, "gone");
-  testing::Internals(t).NodeOf(gone).append_attribute("STATUS") = "deleted";  // read at rebuild time
-  const Long third = t.AddComponent(p, "third");
+  t.AddComponent(p, "first", csNew);
+  testing::Internals(t).NodeOf(t.AddCollection(p, "gone")).append_attribute("STATUS") = "deleted";  // read at rebuild
+  t.AddComponent(p, "third");
 
   EXPECT_EQ(t.CountCompChildren(p), 3);
   EXPECT_EQ(t.CountCompChildren(p, vbTrue), 2);
   EXPECT_EQ(t.CountCompChildren(p, 1), 3) << "only exactly True leaves the deleted out";
-  EXPECT_EQ(Child(t, p, 1).handle, first);
-  EXPECT_EQ(Child(t, p, 2).handle, third);
-  const Read deleted = Child(t, p, 3);
-  EXPECT_EQ(deleted.handle, gone);
-  EXPECT_EQ(deleted.status, csDeleted);
-  EXPECT_EQ(deleted.type, ctcollection);
-  EXPECT_EQ(Child(t, p, 3, 1).handle, 0) << "any non-zero value ignores the deleted ones here";
+  std::string all, live;
+  for (const ChildInfo& c : t.Children(p)) {
+    all += std::to_string(c.handle) + c.name + " " + to_string(c.status) + " " + to_string(c.type) + ";";
+  }
+  for (const ChildInfo& c : t.Children(p, false)) live += std::to_string(c.handle);
+  EXPECT_EQ(all, "2FIRST csNew ctComponent;4THIRD csNormal ctComponent;3GONE csDeleted ctcollection;");
+  EXPECT_EQ(live, "24");
+  EXPECT_EQ(ChildOf(t, p, 3, 1), "0 TALVEN csNormal ctComponent") << "any non-zero value ignores the deleted ones here";
   EXPECT_EQ(t.CountCompChildren(99), 0);
+  EXPECT_TRUE(t.Children(999).empty()) << "an unknown handle has no children, as CountCompChildren says";
 }
 
 TEST(ReadingComponents, AReadWithIgnoreDeletesLeavesItsKeyBehindUntilTheNextRebuild) {
   Transport t;
-  const Long live = t.AddComponent(0, "live");
-  const Long gone = t.AddComponent(0, "gone", csDeleted);
-  EXPECT_EQ(Child(t, 0, 2).handle, gone);
-  EXPECT_EQ(Child(t, 0, 2, vbTrue).handle, 0);
-  EXPECT_EQ(Child(t, 0, 2).handle, 0) << "the key left behind now answers handle 0";
+  t.AddComponent(0, "live");
+  t.AddComponent(0, "gone", csDeleted);
+  const std::string gone = "2 GONE csDeleted ctComponent", root = "0 TALVEN csNormal ctComponent";
+  EXPECT_EQ(ChildOf(t, 0, 2), gone);
+  EXPECT_EQ(ChildOf(t, 0, 2, vbTrue), root);
+  EXPECT_EQ(ChildOf(t, 0, 2), root) << "the key left behind now answers handle 0";
   t.AddComponent(0, "later", csDeleted);
-  EXPECT_EQ(Child(t, 0, 2).handle, gone) << "a rebuild forgets the keys left behind";
-  EXPECT_EQ(Child(t, 0, 1).handle, live);
+  EXPECT_EQ(ChildOf(t, 0, 2) + ";" + ChildOf(t, 0, 1), gone + ";1 LIVE csNormal ctComponent")
+      << "a rebuild forgets the keys left behind";
 }
 
 TEST(ComponentStatus, RemovingItClearsTheComponentAndItsPropertyMarksOnly) {
@@ -143,29 +121,10 @@ TEST(ComponentStatus, RemovingItClearsTheComponentAndItsPropertyMarksOnly) {
   EXPECT_EQ(xml::Serialize(property), "<NAME OTHER=\"kept\"/>");
 }
 
-TEST(Ranges, ChildrenInGetCompChildOrderWithOrWithoutTheDeleted) {
-  Transport t;
-  const Long site = t.AddComponent(0, "site");
-  t.AddCollection(site, "visits");
-  t.DeleteComponent(t.AddComponent(site, "gone"));
-  t.AddComponent(site, "kept", csNew);
-  std::vector<std::string> all, live;
-  for (const ChildInfo& c : t.Children(site)) {
-    all.push_back(std::to_string(c.handle) + c.name + " " + to_string(c.status) + " " + to_string(c.type));
-  }
-  for (const ChildInfo& c : t.Children(site, false)) live.push_back(std::to_string(c.handle));
-  EXPECT_EQ(all, (std::vector<std::string>{"2VISITS csNormal ctcollection", "4KEPT csNew ctComponent",
-                                           "3GONE csDeleted ctComponent"}));
-  EXPECT_EQ(live, (std::vector<std::string>{"2", "4"}));
-  EXPECT_TRUE(t.Children(999).empty()) << "an unknown handle has no children, as CountCompChildren says";
-}
-
 TEST(EnumNames, MembersByNameOthersByNumber) {
-  EXPECT_EQ(to_string(csDeleted), "csDeleted");
-  EXPECT_EQ(to_string(ctcollection), "ctcollection");
-  EXPECT_EQ(to_string(tmMedium), "tmMedium");
-  EXPECT_EQ(to_string(ocmChanges), "ocmChanges");
-  EXPECT_EQ(to_string(static_cast<enTransportMode>(3)), "3");
+  EXPECT_EQ(to_string(csDeleted) + to_string(ctcollection) + to_string(tmMedium) + to_string(ocmChanges) +
+                to_string(static_cast<enTransportMode>(3)),
+            "csDeletedctcollectiontmMediumocmChanges3");
 }
 
 }  // namespace

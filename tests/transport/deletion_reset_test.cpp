@@ -34,12 +34,8 @@ TEST(DeleteComponent, HandlesOfCutOutComponentsKeepAnswering) {
   const Long site = transport.AddComponent(0, "Site", csNew);
   const Long visits = transport.AddCollection(site, "Visits");
   transport.DeleteComponent(site);
-  std::string name;
-  enComponentStatus status = csNormal;
-  enComponentType type = ctComponent;
-  EXPECT_EQ(transport.GetComponent(visits, name, status, type), 1);
-  EXPECT_EQ(name + std::to_string(type), "VISITS1");
-  EXPECT_EQ(transport.GetComponentStatus(site), csNew);
+  EXPECT_EQ(testing::ComponentOf(transport, visits) + ";" + testing::ComponentOf(transport, site),
+            "1 VISITS csNormal ctcollection;1 SITE csNew ctComponent");
   // Additions go into the cut-out tree; marking works there; the cut-out top has no parent.
   const Long visit = transport.AddComponent(visits, "Visit");
   EXPECT_EQ(transport.CountCompChildren(visits), 0);

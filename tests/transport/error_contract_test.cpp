@@ -12,13 +12,7 @@ using testing::kVisit;
 using testing::kVisits;
 constexpr Long kUnknown = 99;
 
-struct Row {
-  const char* what;
-  std::function<void(Transport&)> call;
-  Long number;
-  const char* source;
-  std::string description;
-};
+struct Row { const char* what; std::function<void(Transport&)> call; Long number; const char* source; std::string description; };
 
 const std::string kNameError = " is not a valid XML element name.";
 const std::string kDuplicate = "This key is already associated with an element of this collection";

@@ -57,6 +57,39 @@ inline std::string Components(Transport& transport) {
 // A component's element as text.
 inline std::string Xml(Transport& transport, Long handle) { return xml::Serialize(Internals(transport).NodeOf(handle)); }
 
+// GetCompChild's answer as "handle NAME status type"; what it leaves unwritten reads "-7".
+inline std::string ChildOf(Transport& t, Long parent, Long k, Boolean ignore_deletes = vbFalse) {
+  std::string name = "unchanged";
+  auto status = static_cast<enComponentStatus>(-7);
+  auto type = static_cast<enComponentType>(-7);
+  const Long handle = t.GetCompChild(parent, k, name, status, type, ignore_deletes);
+  return std::to_string(handle) + " " + name + " " + to_string(status) + " " + to_string(type);
+}
+
+// GetComponent's answer in the same form.
+inline std::string ComponentOf(Transport& t, Long handle) {
+  std::string name;
+  auto status = static_cast<enComponentStatus>(-7);
+  auto type = static_cast<enComponentType>(-7);
+  const Long answer = t.GetComponent(handle, name, status, type);
+  return std::to_string(answer) + " " + name + " " + to_string(status) + " " + to_string(type);
+}
+
+// Whether the text loads as a document.
+inline bool Loads(const std::string& text) {
+  pugi::xml_document parsed;
+  return xml::LoadText(parsed, text);
+}
+
+// A component's properties through the range, as "position NAME=value/original/status;" each.
+inline std::string PropertiesOf(Transport& transport, Long handle) {
+  std::string text;
+  for (const PropertyInfo& p : transport.Properties(handle)) {
+    text += std::to_string(p.position) + " " + p.name + "=" + p.value + "/" + p.original + "/" + to_string(p.status) + ";";
+  }
+  return text;
+}
+
 inline std::size_t Occurrences(const std::string& text, const std::string& part) {
   std::size_t count = 0;
   for (auto at = text.find(part); at != std::string::npos; at = text.find(part, at + part.size())) ++count;

@@ -122,11 +122,7 @@ std::string Trim(const std::string& text, bool mild = false) {
   EXPECT_TRUE(xml::LoadText(document, text));
   pugi::xml_node top = document.document_element();
   Boolean kill = mild ? vbFalse : vbTrue;  // the value passed in is ignored
-  if (mild) {
-    transport.TrimDocument2(document, top, kill);
-  } else {
-    transport.TrimDocument(document, top, kill);
-  }
+  (transport.*(mild ? &Transport::TrimDocument2 : &Transport::TrimDocument))(document, top, kill);
   return xml::Serialize(document) + "|" + std::to_string(kill);
 }
 

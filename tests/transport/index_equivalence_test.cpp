@@ -21,17 +21,13 @@
 namespace varnex {
 namespace {
 
-bool IsWrapperElement(pugi::xml_node node) {
-  return xml::ElementNamed(node, "COMPONENT") || xml::ElementNamed(node, "COLLECTION");
-}
-
 // What a full rebuild of the child index finds: per parent, the live and the deleted children.
 struct ChildRebuild {
   std::map<Long, std::vector<Long>> live, deleted;
 
   explicit ChildRebuild(const Transport::Impl& impl) {
     xml::WalkElements(impl.root, [&](pugi::xml_node wrapper) {
-      if (!IsWrapperElement(wrapper)) return true;
+      if (!xml::ElementNamed(wrapper, "COMPONENT") && !xml::ElementNamed(wrapper, "COLLECTION")) return true;
       const pugi::xml_node parent = wrapper.parent();
       const bool root_named = xml::LocalNameIs(parent, impl.root_name);
       const Long key = root_named ? 0 : impl.HandleOf(parent);
@@ -119,10 +115,9 @@ class IndexEquivalence {
     return fragments[Pick(0, 4)];
   }
   std::string Document() {
-    switch (Pick(0, 5)) {
-      case 0: return transport_.GenerateTransportDoc(tmFull);
-      case 1: return transport_.GenerateTransportDoc(tmShort);
-      case 2: return transport_.GenerateTransportDoc(tmMedium);
+    const Long pick = Pick(0, 5);  // 0 to 2: the own document as each mode gives it
+    if (pick <= tmMedium) return transport_.GenerateTransportDoc(static_cast<enTransportMode>(pick));
+    switch (pick) {
       case 3:
         return "<TALVEN><COMPONENT><A STATUS=\"DELETED\"><PROPERTIES><P>1</P><Q STATUS=\"NEW\">2</Q></PROPERTIES>"
                "<COLLECTION><B><COMPONENT><C STATUS=\"NEW\"/></COMPONENT><COMPONENT><D/></COMPONENT></B>"

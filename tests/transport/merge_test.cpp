@@ -1,9 +1,6 @@
 // Merging received documents: what is copied and how, merging twice, documents that add
 // nothing, and failures with their nested descriptions.
-#include <gtest/gtest.h>
-
-#include "support/errors.hpp"
-#include "varnex/varnex.hpp"
+#include "transport/exchange_fixture.hpp"
 
 namespace varnex {
 namespace {
@@ -39,21 +36,16 @@ TEST(Merge, CopiesEveryKindOfContentAndMatchesNothing) {
   EXPECT_EQ(transport.MergeDocument(kIncoming, host), 1);
   EXPECT_EQ(transport.TransportDoc(),
             "<TALVEN>" + kSections + "<COMPONENT><HOST>" + kSite + "</HOST></COMPONENT></TALVEN>");
-  std::string name, value, original;
-  enComponentStatus status = csNormal;
-  enComponentType type = ctComponent;
-  EXPECT_EQ(transport.GetCompChild(3, 1, name, status, type), 4);  // handles in document order
-  EXPECT_EQ(status, csDeleted);
-  EXPECT_EQ(transport.FindPropDomainByPropName("Shade"), 5);   // then the link
-  EXPECT_EQ(transport.GetCompProperty(2, 1, value, status, original) + value + original, "NAMENorthSouth");
-  EXPECT_EQ(status, csModified);
+  EXPECT_EQ(testing::ChildOf(transport, 3, 1), "4 VISIT csDeleted ctComponent");  // handles in document order
+  EXPECT_EQ(transport.FindPropDomainByPropName("Shade"), 5);                        // then the link
+  EXPECT_EQ(testing::PropertiesOf(transport, 2), "1 NAME=North/South/csModified;2 CODE= //csNormal;");
   EXPECT_EQ(transport.CountDomItems(1), 2);
 
   // Merged again: the components come twice, the link and the existing domain's items do not.
   EXPECT_EQ(transport.MergeDocument(kIncoming, 0), 1);
   EXPECT_EQ(transport.TransportDoc(),
             "<TALVEN>" + kSections + "<COMPONENT><HOST>" + kSite + "</HOST></COMPONENT>" + kSite + "</TALVEN>");
-  EXPECT_EQ(transport.GetCompChild(0, 2, name, status, type), 6);
+  EXPECT_EQ(testing::ChildOf(transport, 0, 2), "6 SITE csNew ctComponent");
   EXPECT_EQ(transport.CountPropDomains() * 10 + transport.CountDomItems(1), 12);
 }
 
@@ -77,12 +69,7 @@ TEST(Merge, DocumentsThatAddNothingAndWrappersFoundAnywhere) {
 
 TEST(Merge, FailuresNestOnePrefixPerLevelAndKeepWhatWasAdded) {
   const std::string merge = "MergeDocument: MergeTransportIn: ", recurse = "RecurseComponents: ";
-  const struct {
-    const char* text;
-    Long number;
-    std::string description;
-    const char* left;
-  } cases[] = {
+  const struct { const char* text; Long number; std::string description; const char* left; } cases[] = {
       {"<TALVEN><COMPONENT><A><COLLECTION><B><COMPONENT/></B></COLLECTION></A></COMPONENT></TALVEN>", errObjectNotSet,
        merge + recurse + recurse + recurse + "Object variable or With block variable not set",
        "<COMPONENT><A><COLLECTION><B/></COLLECTION></A></COMPONENT>"},

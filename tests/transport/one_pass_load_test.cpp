@@ -1,15 +1,12 @@
 // Loading text in one pass gives what the merge through the building operations gives: the same
 // document, handles, indexes, statuses and domain entries, and the same answers to what comes
 // after. Text in another form goes through the merge.
-#include <gtest/gtest.h>
-
 #include <algorithm>
 #include <random>
 #include <string>
 #include <vector>
 
-#include "support/internals.hpp"
-#include "varnex/varnex.hpp"
+#include "transport/exchange_fixture.hpp"
 
 namespace varnex {
 namespace {
@@ -58,31 +55,32 @@ void Add(std::string& out, const Parts&... parts) {
   (out.append(parts), ...);
 }
 
+// Runs a call whose refusal both sides share.
+template <typename Call>
+void Tolerate(Call&& call) {
+  try {
+    call();
+  } catch (const AutomationError&) {
+  }
+}
+
 // Everything a caller can read of the document, its handles and its indexes.
 std::string Answers(Transport& t) {
   std::string out = t.TransportDoc() + "\n";
-  std::string name, value;
-  enComponentStatus status;
-  enComponentType type;
+  std::string value;
   for (Long h = 0; h <= testing::Indexes(t).last_handle + 1; ++h) {
     try {
-      type = ctComponent;  // the root leaves it as passed
-      t.GetComponent(h, name, status, type);
-      Add(out, name, " ", std::to_string(status), " ", std::to_string(type), ";");
+      Add(out, testing::ComponentOf(t, h), ";");
     } catch (const AutomationError& error) {
       Add(out, error.description(), ";");
     }
     Add(out, " children ", std::to_string(t.CountCompChildren(h, vbTrue)), ":");
     for (const ChildInfo& child : t.Children(h)) Add(out, " ", std::to_string(child.handle));
-    out += " properties:";
-    for (const PropertyInfo& p : t.Properties(h)) {
-      Add(out, " ", p.name, "=", p.value, "/", p.original, "/", std::to_string(p.status));
-    }
-    try {
+    Add(out, " properties: ", testing::PropertiesOf(t, h));
+    Tolerate([&] {
       const std::string link = t.GetPropDomain(h, value);
       Add(out, " link ", link, "=", value);
-    } catch (const AutomationError&) {
-    }
+    });
     out += "\n";
   }
   Add(out, "links ", std::to_string(t.CountPropDomains()), " domains ", std::to_string(t.CountDomains()), "\n");
@@ -99,15 +97,6 @@ std::string Answers(Transport& t) {
     out += "\n";
   }
   return out;
-}
-
-// Runs a call whose refusal both sides share.
-template <typename Call>
-void Tolerate(Call&& call) {
-  try {
-    call();
-  } catch (const AutomationError&) {
-  }
 }
 
 // The same calls on both after loading, statuses removed out of sight of the child index

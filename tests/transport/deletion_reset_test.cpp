@@ -19,14 +19,12 @@ TEST(DeleteComponent, MarksTheSubtreeAndCutsOutNewOnes) {
             "<COMPONENT><S STATUS=\"DELETED\"><COLLECTION><V STATUS=\"DELETED\"><COMPONENT><M STATUS=\"DELETED\"/>"
             "</COMPONENT><COMPONENT><D STATUS=\"DELETED\"><COMPONENT><E STATUS=\"DELETED\"/></COMPONENT></D>"
             "</COMPONENT></V></COLLECTION></S></COMPONENT>");
-  EXPECT_EQ(transport.CountCompChildren(2), 2);
-  EXPECT_EQ(transport.CountCompChildren(2, vbTrue), 0);
+  EXPECT_EQ(transport.CountCompChildren(2, vbTrue), 0) << "the deletion marks the child index stale";
 
   // Forgetting, asked for by any non-zero value, cuts out whatever the status.
   Adopt(transport, "<COMPONENT><A/></COMPONENT><COMPONENT><B STATUS=\"MODIFIED\"/></COMPONENT>");
   for (Long handle : {1, 7, 8}) EXPECT_EQ(transport.DeleteComponent(handle, 1), vbTrue);
   EXPECT_EQ(Components(transport), "");
-  EXPECT_EQ(transport.CountCompChildren(0), 0);
 }
 
 TEST(DeleteComponent, HandlesOfCutOutComponentsKeepAnswering) {
@@ -38,7 +36,6 @@ TEST(DeleteComponent, HandlesOfCutOutComponentsKeepAnswering) {
             "1 VISITS csNormal ctcollection;1 SITE csNew ctComponent");
   // Additions go into the cut-out tree; marking works there; the cut-out top has no parent.
   const Long visit = transport.AddComponent(visits, "Visit");
-  EXPECT_EQ(transport.CountCompChildren(visits), 0);
   EXPECT_EQ(transport.FindChildCompByName(visits, "visit"), visit);
   EXPECT_EQ(transport.FindChildCompByName(0, "Site"), 0);
   EXPECT_AUTOMATION_ERROR(transport.ChildOfCollection(site), errObjectNotSet,
@@ -75,18 +72,13 @@ TEST(ResetStatus, ClearsModifiedCutsOutDeletedLeavesNewAlone) {
         "<COMPONENT><H STATUS=\" deleted \"><COMPONENT><X/></COMPONENT></H></COMPONENT></R></COMPONENT>"
         "<COMPONENT><W STATUS=\"NEW\"><COMPONENT><Y STATUS=\"MODIFIED\"/></COMPONENT></W></COMPONENT></S></COMPONENT>"
         "<COMPONENT><O STATUS=\"MODIFIED\"/></COMPONENT>");
-  EXPECT_EQ(transport.CountCompChildren(2), 1);
   EXPECT_EQ(transport.ResetStatus(), 0);
   EXPECT_EQ(Components(transport),
             "<COMPONENT><S><PROPERTIES><P>b</P><Q/></PROPERTIES><COMPONENT><R><PROPERTIES>"
             "<P STATUS=\"MODIFIED\" ORIGINAL=\"1\">2</P></PROPERTIES></R></COMPONENT><COMPONENT><W STATUS=\"NEW\">"
             "<COMPONENT><Y STATUS=\"MODIFIED\"/></COMPONENT></W></COMPONENT></S></COMPONENT>"
             "<COMPONENT><O STATUS=\"MODIFIED\"/></COMPONENT>");
-  // No stale flag: the cut-out H is still counted, until something else marks the index stale.
-  EXPECT_EQ(transport.CountCompChildren(2), 1);
   EXPECT_EQ(transport.GetComponentStatus(3), csDeleted);
-  transport.AddComponent(5, "Z");
-  EXPECT_EQ(transport.CountCompChildren(2), 0);
 }
 
 TEST(ResetStatus, Failures) {

@@ -12,7 +12,7 @@ constexpr const char* kOwn =
     "</PROPERTIES><COLLECTION><V><COMPONENT><W><PROPERTIES><C>3</C></PROPERTIES></W></COMPONENT></V></COLLECTION>"
     "</S></COMPONENT><COMPONENT><T><PROPERTIES><D>4</D></PROPERTIES></T></COMPONENT>";
 
-TEST(UpdateDocument, CopiesTextsByPositionOnly) {
+TEST(UpdateDocument, CopiesTextsByPositionOnlyAndFailsPastTheOwnComponents) {
   Transport transport;
   Adopt(transport, kOwn);
   // Reordered, an extra one, statuses that are not copied, a returned component named otherwise;
@@ -30,11 +30,8 @@ TEST(UpdateDocument, CopiesTextsByPositionOnly) {
   EXPECT_EQ(transport.UpdateDocument("<TALVEN><COMPONENT>"), 1);
   EXPECT_EQ(transport.UpdateDocument("<X><COMPONENT><S><PROPERTIES><A>q</A></PROPERTIES></S></COMPONENT></X>"), 1);
   EXPECT_EQ(Components(transport).find(">q<"), std::string::npos);
-}
 
-TEST(UpdateDocument, MissingOwnComponentsFailAfterEarlierValuesWereCopied) {
-  Transport transport;
-  Adopt(transport, kOwn);
+  // Returned components beyond the own ones fail, after the values before them were copied.
   const std::string t = "<COMPONENT><T><PROPERTIES><D>5</D></PROPERTIES></T></COMPONENT>";
   EXPECT_AUTOMATION_ERROR(transport.UpdateDocument("<TALVEN>" + t + t + t + "</TALVEN>"), errObjectNotSet,
                           "UpdateDocument: Object variable or With block variable not set");

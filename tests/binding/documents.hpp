@@ -1,4 +1,5 @@
-// Transport documents for the binding tests, and item collections loaded from them.
+// Transport documents for the binding tests, item collections loaded from them, and the cells a
+// bound control reads from a provider.
 #pragma once
 
 #include <memory>
@@ -8,6 +9,7 @@
 
 #include "support/errors.hpp"
 #include "varnex/data_collection.hpp"
+#include "varnex/oledb_simple_provider.hpp"
 
 namespace varnex::testing {
 
@@ -39,6 +41,19 @@ inline std::shared_ptr<DataCollection> People() {
   return Loaded(Rows("PEOPLE", Row({{"Name", "Ann"}, {"Code", "A1"}, {"Active", "yes"}}) +
                                    Row({{"Name", "Bob"}, {"Code", "B2"}, {"Active", "no"}}) +
                                    Row({{"Name", "Cy"}, {"Code", "C3"}, {"Active", "TRUE"}})));
+}
+
+// Every cell of a provider as text, row 0 (the column names) first, read as a bound control
+// reads them.
+inline std::vector<std::vector<std::string>> ProviderCells(OLEDBSimpleProvider& provider) {
+  std::vector<std::vector<std::string>> rows;
+  for (Long row = 0; row <= provider.getRowCount(); ++row) {
+    std::vector<std::string>& cells = rows.emplace_back();
+    for (Long column = 1; column <= provider.getColumnCount(); ++column) {
+      cells.push_back(provider.getVariant(row, column, 0).AsString());
+    }
+  }
+  return rows;
 }
 
 }  // namespace varnex::testing

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
+#include "binding/documents.hpp"
 #include "support/errors.hpp"
-#include "support/provider_cells.hpp"
 #include "varnex/data_collection.hpp"
 #include "varnex/data_collection_source.hpp"
 

@@ -10,17 +10,12 @@ trap 'rm -rf "$scratch"' EXIT
 cd "$here/documents" || exit 1
 checks=0 failures=0
 
-fail() {  # fail CASE WHAT
-  echo "FAILED $1: $2"
-  failures=$((failures + 1))
-}
+fail() { echo "FAILED $1: $2"; failures=$((failures + 1)); }  # fail CASE WHAT
 
 run() {  # run CASE COMMAND...: sets out, err and status
   checks=$((checks + 1))
   "${@:2}" >"$scratch/out" 2>"$scratch/err"
-  status=$?
-  out=$(<"$scratch/out")
-  err=$(<"$scratch/err")
+  status=$? out=$(<"$scratch/out") err=$(<"$scratch/err")
 }
 
 # golden CASE FILE STATUS ARGS...: exits with STATUS, standard output equals expected/FILE,

@@ -8,16 +8,13 @@ namespace varnex {
 namespace {
 
 TEST(VariantTest, EmptyAndBooleansConvertAsTheRuntimeDoes) {
-  EXPECT_TRUE(Variant().IsEmpty());
-  EXPECT_EQ(Variant().AsLong(), 0);
-  EXPECT_EQ(Variant().AsString(), "");
-  EXPECT_EQ(Variant().AsBoolean(), vbFalse);
-  EXPECT_EQ(Variant().AsObject(), nullptr);
-  EXPECT_EQ(Variant::FromBoolean(1).AsLong(), -1);  // any non-zero value is True
-  EXPECT_EQ(Variant::FromBoolean(vbTrue).AsString(), "True");
-  EXPECT_EQ(Variant::FromBoolean(vbFalse).AsString(), "False");
-  EXPECT_EQ(Variant(-12).AsString(), "-12");
-  EXPECT_EQ(Variant(7).AsBoolean(), vbTrue);
+  EXPECT_TRUE(Variant().IsEmpty() && Variant().AsObject() == nullptr);
+  // FromBoolean(1): any non-zero value is True.
+  EXPECT_EQ((std::vector<Long>{Variant().AsLong(), Variant().AsBoolean(), Variant::FromBoolean(1).AsLong(), Variant(7).AsBoolean()}),
+            (std::vector<Long>{0, vbFalse, -1, vbTrue}));
+  EXPECT_EQ(Variant().AsString() + "|" + Variant::FromBoolean(vbTrue).AsString() + "|" +
+                Variant::FromBoolean(vbFalse).AsString() + "|" + Variant(-12).AsString(),
+            "|True|False|-12");
   for (const char* text : {"True", "tRUE", " true ", "-1", "0.25"}) EXPECT_EQ(Variant(text).AsBoolean(), vbTrue) << text;
   for (const char* text : {"FALSE", "0", "0.0"}) EXPECT_EQ(Variant(text).AsBoolean(), vbFalse) << text;
   for (const char* text : {"", "yes", "T"}) EXPECT_AUTOMATION_ERROR(Variant(text).AsBoolean(), errTypeMismatch, "Type mismatch");
@@ -44,15 +41,13 @@ TEST(VariantTest, ObjectsConvertToNothingElseAndCompareByIdentity) {
   EXPECT_EQ(held.VarType(), vbObject);
   EXPECT_EQ(held.AsObjectOf<Derived>(), object);
   EXPECT_EQ(Variant(std::make_shared<Object>()).AsObjectOf<Derived>(), nullptr);
-  EXPECT_AUTOMATION_ERROR(held.AsLong(), errTypeMismatch, "Type mismatch");
-  EXPECT_AUTOMATION_ERROR(held.AsString(), errTypeMismatch, "Type mismatch");
-  EXPECT_AUTOMATION_ERROR(Variant("x").AsObject(), errTypeMismatch, "Type mismatch");
-
-  EXPECT_EQ(held, Variant(object));
-  EXPECT_NE(held, Variant(std::make_shared<Derived>()));
-  EXPECT_NE(Variant("1"), Variant(1));
-  EXPECT_NE(Variant(-1), Variant::FromBoolean(vbTrue));
-  EXPECT_EQ(Variant(), Variant());
+  for (const auto& convert : std::vector<std::function<void()>>{[&] { held.AsLong(); }, [&] { held.AsString(); },
+                                                                 [] { Variant("x").AsObject(); }}) {
+    EXPECT_AUTOMATION_ERROR(convert(), errTypeMismatch, "Type mismatch");
+  }
+  EXPECT_TRUE(held == Variant(object) && Variant() == Variant());
+  EXPECT_FALSE(held == Variant(std::make_shared<Derived>()) || Variant("1") == Variant(1) ||
+               Variant(-1) == Variant::FromBoolean(vbTrue));
 }
 
 }  // namespace

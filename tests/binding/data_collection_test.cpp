@@ -76,13 +76,13 @@ TEST(DataCollectionTest, EachLoadReplacesTheLastAndAFailedOneLeavesNothing) {
 
 TEST(DataCollectionProviderTest, ColumnsComeFromTheFieldListOrTheCollectionsNames) {
   DataCollectionProvider provider;
-  // Split at every comma, blanks and empty pieces kept, upper-cased; " CODE" and "" are no keys
-  // of the items: those cells read as Empty. The type list is positional.
-  provider.LoadData(People(), std::vector<Long>{vbString, vbString, vbString, vbBoolean}, "name, code,,Active");
-  EXPECT_EQ(ProviderCells(provider), (Table{{"NAME", " CODE", "", "ACTIVE"},
-                                            {"Ann", "", "", "True"},
-                                            {"Bob", "", "", "False"},
-                                            {"Cy", "", "", "True"}}));
+  // Split at every comma, blanks and empty pieces kept (the last one too), upper-cased; " CODE"
+  // and "" are no keys of the items: those cells read as Empty. The type list is positional.
+  provider.LoadData(People(), std::vector<Long>{vbString, vbString, vbString, vbBoolean}, "name, code,,Active,");
+  EXPECT_EQ(ProviderCells(provider), (Table{{"NAME", " CODE", "", "ACTIVE", ""},
+                                            {"Ann", "", "", "True", ""},
+                                            {"Bob", "", "", "False", ""},
+                                            {"Cy", "", "", "True", ""}}));
   EXPECT_TRUE(provider.getVariant(1, 2, 0).IsEmpty());
 
   provider.LoadData(Loaded(Rows("ROWS", Row({}))), kNoTypes);

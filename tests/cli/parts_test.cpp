@@ -73,7 +73,8 @@ TEST(ComponentPathTest, RepeatedNamesGetTheirPositionAmongTheSameName) {
 TEST(FailuresTest, NumbersInTheHresultRangeAreWrittenInHexadecimal) {
   EXPECT_EQ(DescribeAutomationError(AutomationError(errClass, "Transport", "Error retrieving component xml.")),
             "error 0x80040201 (Transport): Error retrieving component xml.");
-  EXPECT_EQ(DescribeAutomationError(AutomationError(errXml, "Varnex", "bad name")), "error 0x80004005 (Varnex): bad name");
+  EXPECT_EQ(DescribeAutomationError(AutomationError(static_cast<Long>(0x800A01AD), "Varnex", "bad name")),
+            "error 0x800A01AD (Varnex): bad name");
   EXPECT_EQ(DescribeAutomationError(AutomationError::Runtime(errObjectNotSet)),
             "error 91 (Varnex): Object variable or With block variable not set");
 }
@@ -152,6 +153,7 @@ TEST(CollectionViewTest, AnswersAsADataCollectionOfTheFirstCollection) {
   for (const Long position : {0, -1, 5}) {
     EXPECT_EQ(testing::ErrorOf([&] { view.Item(Variant(position)); }).number(), errSubscriptOutOfRange) << position;
   }
+  EXPECT_EQ(testing::ErrorOf([&] { view.Item(Variant("A")); }).number(), errInvalidProcedureCall) << "items have no keys";
   EXPECT_THROW(view.PropertyNames(3), AutomationError);
 }
 

@@ -46,7 +46,7 @@ TEST(CollectionTest, RemovalKeepsKeysPointingAtTheirItems) {
   c.Remove(3);
   c.Remove("A");
   EXPECT_EQ((std::vector<std::string>{"b!", "d!", "e!"}), Texts(c));
-  EXPECT_EQ(c.Item("E").AsString(), "e!");
+  EXPECT_EQ(c.Item("D").AsString() + c.Item("E").AsString(), "d!e!");
   EXPECT_AUTOMATION_ERROR(c.Item("c"), errInvalidProcedureCall, "Invalid procedure call or argument");
   c.Add("new c", "c");  // a removed key is free again
   EXPECT_EQ(c.Item(4).AsString(), "new c");
@@ -84,6 +84,7 @@ TEST(CollectionTest, EnumeratorWalksByPosition) {
 TEST(Dictionary, KeepsInsertionOrderThroughAddsReadsAndRemovals) {
   Dictionary d;
   d.Add("b", Variant("2"));
+  EXPECT_AUTOMATION_ERROR(d.CompareMode(TextCompare), errInvalidProcedureCall, "Invalid procedure call or argument");
   d.Add("a", Variant("1"));
   d.Add("B", Variant("3"));  // binary compare: another key
   EXPECT_AUTOMATION_ERROR(d.Add("a", Variant()), errDuplicateKey, kDuplicate);

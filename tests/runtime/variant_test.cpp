@@ -10,13 +10,13 @@ namespace {
 TEST(VariantTest, EmptyAndBooleansConvertAsTheRuntimeDoes) {
   EXPECT_TRUE(Variant().IsEmpty() && Variant().AsObject() == nullptr);
   // FromBoolean(1): any non-zero value is True.
-  EXPECT_EQ((std::vector<Long>{Variant().AsLong(), Variant().AsBoolean(), Variant::FromBoolean(1).AsLong(), Variant(7).AsBoolean()}),
-            (std::vector<Long>{0, vbFalse, -1, vbTrue}));
+  EXPECT_EQ((std::vector<Long>{Variant().AsLong(), Variant().AsBoolean(), Variant::FromBoolean(1).AsLong(), Variant(7).AsBoolean(), Variant(-7).AsBoolean()}),
+            (std::vector<Long>{0, vbFalse, -1, vbTrue, vbTrue}));
   EXPECT_EQ(Variant().AsString() + "|" + Variant::FromBoolean(vbTrue).AsString() + "|" +
                 Variant::FromBoolean(vbFalse).AsString() + "|" + Variant(-12).AsString(),
             "|True|False|-12");
   for (const char* text : {"True", "tRUE", " true ", "-1", "0.25"}) EXPECT_EQ(Variant(text).AsBoolean(), vbTrue) << text;
-  for (const char* text : {"FALSE", "0", "0.0"}) EXPECT_EQ(Variant(text).AsBoolean(), vbFalse) << text;
+  for (const char* text : {"fALSE", "0", "0.0"}) EXPECT_EQ(Variant(text).AsBoolean(), vbFalse) << text;
   for (const char* text : {"", "yes", "T"}) EXPECT_AUTOMATION_ERROR(Variant(text).AsBoolean(), errTypeMismatch, "Type mismatch");
 }
 
@@ -24,7 +24,7 @@ TEST(VariantTest, NumericTextRoundsHalfToEven) {
   const std::pair<const char*, Long> cases[] = {
       {"42", 42},   {"  -7 ", -7},   {"+3", 3},        {"2.5", 2},         {"3.5", 4},      {"-2.5", -2},
       {".5", 0},    {"2.51", 3},     {"1e3", 1000},    {"15D-1", 2},       {"&H10", 16},    {"&HFFFF", -1},
-      {"&O17", 15}, {"1e-999", 0},   {"&H10000", 65536}, {"-2147483648.5", -2147483647 - 1}};
+      {"&O17", 15},  {"\t8\t", 8},  {"&Hff", 255}, {"1e-999", 0},   {"&H10000", 65536}, {"-2147483648.5", -2147483647 - 1}};
   for (const auto& [text, value] : cases) EXPECT_EQ(Variant(text).AsLong(), value) << text;
   for (const char* text : {"", " ", "abc", "1x", "1e", "-", ".", "&H", "&HG", "&O8", "inf", "nan", "1 2"}) {
     EXPECT_AUTOMATION_ERROR(Variant(text).AsLong(), errTypeMismatch, "Type mismatch");
